@@ -18,13 +18,13 @@ using MessageArguments = std::vector<MessageArgument>;
 
 // "COMPONENT:name", built from its two parts, with the number of arguments fixed.
 class MessageId {
-public:
+  public:
     MessageId(std::string_view component, std::string_view name, std::size_t argumentCount)
         : text_(std::string(component) + ":" + std::string(name)), argumentCount_(argumentCount) {}
     const std::string& str() const noexcept { return text_; }
     std::size_t argumentCount() const noexcept { return argumentCount_; }
 
-private:
+  private:
     std::string text_;
     std::size_t argumentCount_;
 };
@@ -35,7 +35,7 @@ namespace foundation::core::except {
 
 // What every message-identifier error offers, whatever its concrete class.
 class IMsgIdException {
-public:
+  public:
     virtual ~IMsgIdException() = default;
     virtual const msg::MessageId& messageId() const noexcept = 0;
     virtual const msg::MessageArguments& arguments() const noexcept = 0;
@@ -45,7 +45,7 @@ public:
 // answers the identifier.
 template <typename Derived, typename Base>
 class Exception : public Base, public IMsgIdException {
-public:
+  public:
     Exception(msg::MessageId id, msg::MessageArguments arguments)
         : id_(std::move(id)), arguments_(std::move(arguments)) {}
 
@@ -53,7 +53,7 @@ public:
     const msg::MessageId& messageId() const noexcept override { return id_; }
     const msg::MessageArguments& arguments() const noexcept override { return arguments_; }
 
-private:
+  private:
     msg::MessageId id_;
     msg::MessageArguments arguments_;
 };

@@ -1,0 +1,1 @@
+% CDFLIB  Low-level access to NASA CDF files.

@@ -1,0 +1,126 @@
+// CDFlib call grammar, status combination, status texts and library items that
+// need no open CDF.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "cdf.h"
+
+namespace {
+
+std::string textOf(long status) {
+    char buf[CDF_STATUSTEXT_LEN + 1];
+    std::memset(buf, 'x', sizeof buf);
+    EXPECT_EQ(CDFlib(SELECT_, CDF_STATUS_, status, GET_, STATUS_TEXT_, buf, NULL_), CDF_OK);
+    EXPECT_NE(std::memchr(buf, '\0', sizeof buf), nullptr);
+    return buf;
+}
+
+TEST(CallGrammar, NullAloneSucceeds) {
+    EXPECT_EQ(CDFlib(NULL_), CDF_OK);
+}
+
+TEST(CallGrammar, UnknownOperationOrItemIsRefused) {
+    long x = -9;
+    EXPECT_EQ(CDFlib(9999L, NULL_), BAD_FNC_OR_ITEM);
+    EXPECT_EQ(CDFlib(GET_, 9999L, &x, NULL_), BAD_FNC_OR_ITEM);
+    EXPECT_EQ(CDFlib(GET_, zVAR_RECNUMBER_, &x, NULL_), BAD_FNC_OR_ITEM);
+    EXPECT_EQ(CDFlib(SELECT_, CDF_NAME_, "x", NULL_), BAD_FNC_OR_ITEM);
+    EXPECT_EQ(x, -9);
+}
+
+TEST(CallGrammar, FirstErrorStopsTheCall) {
+    long st = 0;
+    // The unknown item stops the call before the later status selection runs.
+    ASSERT_EQ(CDFlib(SELECT_, CDF_STATUS_, 7L, NULL_), CDF_OK);
+    EXPECT_EQ(CDFlib(GET_, 9999L, SELECT_, CDF_STATUS_, 8L, NULL_), BAD_FNC_OR_ITEM);
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_STATUS_, &st, NULL_), CDF_OK);
+    EXPECT_EQ(st, 7);
+}
+
+TEST(StatusSelection, AnyValueIsKeptAndConfirmed) {
+    for (const long code : {NO_SUCH_VAR, -9999L, 5555L, CDF_OK}) {
+        long st = 0;
+        ASSERT_EQ(CDFlib(SELECT_, CDF_STATUS_, code, CONFIRM_, CDF_STATUS_, &st, NULL_), CDF_OK);
+        EXPECT_EQ(st, code);
+    }
+}
+
+TEST(StatusText, KnownCodesBeginWithTheirName) {
+    const struct {
+        long code;
+        const char* name;
+    } rows[] = {{CDF_OK, "CDF_OK"},
+                {NO_SUCH_VAR, "NO_SUCH_VAR"},
+                {VIRTUAL_RECORD_DATA, "VIRTUAL_RECORD_DATA"},
+                {VAR_NAME_TRUNC, "VAR_NAME_TRUNC"},
+                {NOT_A_CDF_OR_NOT_SUPPORTED, "NOT_A_CDF_OR_NOT_SUPPORTED"},
+                {CORRUPTED_V3_CDF, "CORRUPTED_V3_CDF"},
+                {FUNCTION_NOT_SUPPORTED, "FUNCTION_NOT_SUPPORTED"},
+                {ZLIB_UNCOMPRESS_ERROR, "ZLIB_UNCOMPRESS_ERROR"},
+                {BLOCKINGFACTOR_TOO_SMALL2, "BLOCKINGFACTOR_TOO_SMALL2"}};
+    for (const auto& row : rows) {
+        const std::string text = textOf(row.code);
+        EXPECT_EQ(text.rfind(std::string(row.name) + ": ", 0), 0u) << text;
+        EXPECT_GT(text.size(), std::strlen(row.name) + 10) << text;
+        EXPECT_LE(text.size(), static_cast<size_t>(CDF_STATUSTEXT_LEN));
+    }
+}
+
+TEST(StatusText, EveryCodeInRangeFitsTheLimit) {
+    for (long code = -2300; code <= 1100; ++code) {
+        EXPECT_LE(textOf(code).size(), static_cast<size_t>(CDF_STATUSTEXT_LEN)) << code;
+    }
+}
+
+TEST(StatusText, UnknownCodesNameTheNumberInParentheses) {
+    for (const long code : {-1L, -9999L, 5555L, -1500L, CDF_WARN}) {
+        const std::string text = textOf(code);
+        const std::string tail = "(" + std::to_string(code) + ").";
+        ASSERT_GE(text.size(), tail.size());
+        EXPECT_EQ(text.substr(text.size() - tail.size()), tail) << text;
+    }
+}
+
+TEST(LibraryItems, VersionAndNotice) {
+    long version = 0, release = 0, increment = 0;
+    char sub = 'x';
+    char notice[CDF_COPYRIGHT_LEN + 1];
+    ASSERT_EQ(CDFlib(GET_, LIB_VERSION_, &version, LIB_RELEASE_, &release, LIB_INCREMENT_,
+                     &increment, LIB_subINCREMENT_, &sub, LIB_COPYRIGHT_, notice, NULL_),
+              CDF_OK);
+    EXPECT_EQ(version, 3);
+    EXPECT_EQ(release, 6);
+    EXPECT_EQ(increment, 4);
+    EXPECT_EQ(sub, '0');
+    const std::string text = notice;
+    ASSERT_FALSE(text.empty());
+    EXPECT_EQ(text.front(), '\n');
+    EXPECT_EQ(text.back(), '\n');
+    EXPECT_LE(text.size(), static_cast<size_t>(CDF_COPYRIGHT_LEN));
+}
+
+TEST(CdfSelection, NothingIsCurrentAtStartAndUnknownIdsAreRefused) {
+    CDFid cur = reinterpret_cast<CDFid>(1);
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_, &cur, NULL_), CDF_OK);
+    EXPECT_EQ(cur, nullptr);
+    EXPECT_EQ(CDFlib(SELECT_, CDF_, reinterpret_cast<CDFid>(0x12345), NULL_), BAD_CDF_ID);
+    EXPECT_EQ(CDFlib(SELECT_, CDF_, static_cast<CDFid>(nullptr), NULL_), CDF_OK);
+}
+
+TEST(ProcessModes, BackwardAndValidate) {
+    EXPECT_EQ(CDFgetFileBackward(), 0);
+    CDFsetFileBackward(5);
+    EXPECT_EQ(CDFgetFileBackward(), 1);
+    CDFsetFileBackward(0);
+    EXPECT_EQ(CDFgetFileBackward(), 0);
+
+    EXPECT_EQ(CDFgetValidate(), 1);
+    CDFsetValidate(1);  // only VALIDATEFILEon turns it on
+    EXPECT_EQ(CDFgetValidate(), 0);
+    CDFsetValidate(VALIDATEFILEon);
+    EXPECT_EQ(CDFgetValidate(), 1);
+}
+
+}  // namespace

@@ -16,6 +16,8 @@ matrix::array_ptr allocate(hvClassID classId, std::span<const std::size_t> dims,
         array->cells.resize(array->count);
     } else {
         const std::size_t size = elementSize(classId);
+        if (size == 0)
+            throw std::invalid_argument("the built-in host has no storage for this class");
         if (array->count > SIZE_MAX / size) {
             throw std::length_error("array dimensions overflow the storage size");
         }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -45,18 +44,6 @@ TEST(HostArray, NumericClassesAreZeroFilledWithTheirNamesAndSizes) {
         ASSERT_NE(bytes, nullptr);
         for (std::size_t i = 0; i < 6 * row.elementSize; ++i) EXPECT_EQ(bytes[i], 0) << i;
     }
-}
-
-TEST(HostArray, UninitialisedNumericHasStorageForEveryElement) {
-    const Dims dims{1, 1};
-    const matrix::array_ptr array =
-        matrix::detail::do_create_uninitnumeric(dims, hvUINT64_CLASS, hvREAL);
-    *hvGetTypedData<std::uint64_t>(array.get()) = std::numeric_limits<std::uint64_t>::max();
-    EXPECT_EQ(
-        Array(matrix::detail::do_create_uninitnumeric(dims, hvUINT64_CLASS, hvREAL)).className(),
-        "uint64");
-    EXPECT_EQ(hvGetTypedData<std::uint64_t>(array.get())[0],
-              std::numeric_limits<std::uint64_t>::max());
 }
 
 TEST(HostArray, OtherClassNamesAsTheHostReportsThem) {
@@ -177,16 +164,6 @@ TEST(HostCells, RefuseBadIndexAndNonCellArrays) {
     Array number = Array::scalar(1);
     EXPECT_THROW(hvSetCell(number.get(), 0, Array::scalar(2).release()), std::invalid_argument);
     EXPECT_THROW(hvGetCell(number.get(), 0), std::invalid_argument);
-}
-
-TEST(HostMemory, MallocGivesUsableBlocksEvenForZeroBytes) {
-    void* const none = hvMalloc(0);
-    EXPECT_NE(none, nullptr);
-    hvFree(none);
-    auto* block = static_cast<char*>(hvMalloc(64));
-    std::memset(block, 'x', 64);
-    hvFree(block);
-    hvFree(nullptr);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
 
 #include "cdfgate/embedded.h"
 
@@ -117,6 +118,20 @@ TEST(EmbeddedArray, CellAccessCopiesElementsAndShowsEmptyCellsAsEmptyDouble) {
     EXPECT_EQ(cell.cell(0).text(), "name");
     EXPECT_EQ(cell.cell(1), Array::empty());
     EXPECT_THROW(cell.cell(2), std::out_of_range);
+}
+
+TEST(EmbeddedArray, DescribesItselfForDiagnostics) {
+    const auto describe = [](const Array& array) {
+        std::ostringstream out;
+        out << array;
+        return out.str();
+    };
+    EXPECT_EQ(describe(Array::of<std::int8_t>({-1, 2}, {2, 1})), "2x1 int8 [-1 2]");
+    EXPECT_EQ(describe(Array::cell({Array::text("ab"), Array()})),
+              "1x2 cell {1x2 char 'ab', 0x0 double []}");
+    EXPECT_EQ(describe(Array::zeros(hvUINT8_CLASS, {1, 20})),
+              "1x20 uint8 [0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 ...]");
+    EXPECT_EQ(describe(Array()), "(no array)");
 }
 
 }  // namespace

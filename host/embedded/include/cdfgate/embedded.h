@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <iosfwd>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -164,6 +165,10 @@ class Array {
 
     matrix::array_ptr array_;
 };
+
+// Short description for diagnostics and test failures: shape, class and the first
+// elements, e.g. 1x3 double [1 2 3] or 1x2 cell {1x1 double [1], 1x3 char 'abc'}.
+std::ostream& operator<<(std::ostream& out, const Array& array);
 
 template <HostElement T>
 Array Array::of(std::span<const T> values, std::vector<std::size_t> dims) {

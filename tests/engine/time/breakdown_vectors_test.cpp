@@ -1,0 +1,118 @@
+// The breakdown vectors and the leap-second table, bit for bit.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <bit>
+#include <cstdint>
+
+#include "cdf.h"
+#include "time/leap_second_table.h"
+#include "time_vectors.h"
+
+namespace {
+
+using cdfgate::test::CsvTable;
+using cdfgate::test::Mismatches;
+
+TEST(BreakdownVectors, Tt2000BreakdownMatchesEveryRow) {
+    const CsvTable t = CsvTable::readTimeVectors("tt2000_breakdown.csv");
+    Mismatches m;
+    constexpr std::array<const char*, 9> kColumns{"year",   "month", "day",  "hour", "minute",
+                                                  "second", "msec",  "usec", "nsec"};
+    for (std::size_t row = 0; row < t.rowCount(); ++row) {
+        std::array<double, 9> out{};
+        breakdownTT2000(t.asInt(row, "tt2000"), &out[0], &out[1], &out[2], &out[3], &out[4],
+                        &out[5], &out[6], &out[7], &out[8]);
+        for (std::size_t i = 0; i < out.size(); ++i) {
+            m.checkDouble(t.label(row), kColumns[i], t.asDouble(row, kColumns[i]), out[i]);
+        }
+    }
+    EXPECT_GT(t.rowCount(), 2600u);
+    EXPECT_EQ(m.count(), 0u) << m.summary();
+}
+
+// Vectors that record the last-millisecond fault: a time in the last millisecond of a
+// day broke down as the NEXT day's date with 23:59:59.999. The engine corrects it; the
+// stored row must differ from the corrected value in the day only, by one.
+struct CorrectedEpochRow {
+    std::uint64_t inputBits;
+    std::array<long, 7> corrected;
+};
+constexpr std::array<CorrectedEpochRow, 1> kCorrectedEpochRows{{
+    {0x4194996ffffef9dbULL, {0, 1, 1, 23, 59, 59, 999}},  // 86399999.998999998 ms
+}};
+
+TEST(BreakdownVectors, EpochBreakdownMatchesEveryRowExceptTheCorrectedFault) {
+    const CsvTable t = CsvTable::readTimeVectors("epoch_breakdown.csv");
+    Mismatches m;
+    constexpr std::array<const char*, 7> kColumns{"year",   "month",  "day", "hour",
+                                                  "minute", "second", "msec"};
+    std::size_t corrections = 0;
+    for (std::size_t row = 0; row < t.rowCount(); ++row) {
+        const double input = t.fromHex(row, "epoch_hex");
+        std::array<long, 7> out{};
+        EPOCHbreakdown(input, &out[0], &out[1], &out[2], &out[3], &out[4], &out[5], &out[6]);
+        std::array<std::int64_t, 7> expected{};
+        for (std::size_t i = 0; i < out.size(); ++i) expected[i] = t.asInt(row, kColumns[i]);
+        for (const CorrectedEpochRow& c : kCorrectedEpochRows) {
+            if (std::bit_cast<std::uint64_t>(input) != c.inputBits) continue;
+            ++corrections;
+            m.check(t.label(row), "stored faulty day", std::int64_t{c.corrected[2] + 1},
+                    expected[2]);
+            for (std::size_t i = 0; i < out.size(); ++i) expected[i] = c.corrected[i];
+        }
+        for (std::size_t i = 0; i < out.size(); ++i) {
+            m.check(t.label(row), kColumns[i], expected[i], std::int64_t{out[i]});
+        }
+    }
+    EXPECT_EQ(corrections, kCorrectedEpochRows.size());
+    EXPECT_GT(t.rowCount(), 1600u);
+    EXPECT_EQ(m.count(), 0u) << m.summary();
+}
+
+TEST(BreakdownVectors, Epoch16BreakdownMatchesEveryRowAndRewritesThePair) {
+    const CsvTable t = CsvTable::readTimeVectors("epoch16_breakdown.csv");
+    Mismatches m;
+    constexpr std::array<const char*, 10> kColumns{"year",   "month", "day",  "hour", "minute",
+                                                   "second", "msec",  "usec", "nsec", "psec_bd"};
+    for (std::size_t row = 0; row < t.rowCount(); ++row) {
+        std::array<double, 2> pair{t.fromHex(row, "sec_hex"), t.fromHex(row, "psec_hex")};
+        std::array<long, 10> out{};
+        EPOCH16breakdown(pair.data(), &out[0], &out[1], &out[2], &out[3], &out[4], &out[5], &out[6],
+                         &out[7], &out[8], &out[9]);
+        for (std::size_t i = 0; i < out.size(); ++i) {
+            m.check(t.label(row), kColumns[i], t.asInt(row, kColumns[i]), std::int64_t{out[i]});
+        }
+        m.checkDouble(t.label(row), "seconds after", t.fromHex(row, "sec_after_hex"), pair[0]);
+        m.checkDouble(t.label(row), "picoseconds after", t.fromHex(row, "psec_after_hex"), pair[1]);
+    }
+    EXPECT_GT(t.rowCount(), 700u);
+    EXPECT_EQ(m.count(), 0u) << m.summary();
+}
+
+TEST(BreakdownVectors, BuiltInLeapSecondTableMatchesTheListedTable) {
+    namespace et = cdfgate::engine::time;
+    const CsvTable t = CsvTable::readTimeVectors("leap_seconds.csv");
+    const et::LeapSecondTable& table = et::LeapSecondTable::builtIn();
+    ASSERT_EQ(table.rows().size(), t.rowCount());
+    Mismatches m;
+    for (std::size_t row = 0; row < t.rowCount(); ++row) {
+        const et::LeapSecondRow& r = table.rows()[row];
+        const std::string where = "row " + std::to_string(row);
+        m.checkDouble(where, "year", t.asDouble(row, "year"), r.year);
+        m.checkDouble(where, "month", t.asDouble(row, "month"), r.month);
+        m.checkDouble(where, "day", t.asDouble(row, "day"), r.day);
+        m.checkDouble(where, "tai_minus_utc", t.asDouble(row, "tai_minus_utc"), r.taiMinusUtc);
+        m.checkDouble(where, "mjd_base", t.asDouble(row, "mjd_base"), r.mjdBase);
+        m.checkDouble(where, "drift_per_day", t.asDouble(row, "drift_per_day"), r.driftPerDay);
+        const long long start = computeTT2000(r.year, r.month, r.day, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0);
+        m.check(where, "tt2000_at_start", t.asInt(row, "tt2000_at_start"), std::int64_t{start});
+        if (row >= et::kDriftingRows) {
+            m.check(where, "row start used by breakdowns", t.asInt(row, "tt2000_at_start"),
+                    table.wholeSecondStarts()[row - et::kDriftingRows]);
+        }
+    }
+    EXPECT_EQ(m.count(), 0u) << m.summary();
+}
+
+}  // namespace

@@ -1,0 +1,120 @@
+// TT2000 conversions are exact inverses outside the drifting 1960-1971 era: random
+// calendar times across the whole range, random values, and every leap second.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <random>
+
+#include "cdf.h"
+#include "time/leap_second_table.h"
+
+namespace {
+
+using Parts = std::array<double, 9>;
+namespace et = cdfgate::engine::time;
+
+long long encode(const Parts& p) {
+    return computeTT2000(p[0], p[1], p[2], p[3], p[4], p[5], p[6], p[7], p[8]);
+}
+
+Parts decode(long long t) {
+    Parts p{};
+    breakdownTT2000(t, &p[0], &p[1], &p[2], &p[3], &p[4], &p[5], &p[6], &p[7], &p[8]);
+    return p;
+}
+
+int daysInMonth(int year, int month) {
+    static constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    return month == 2 && leap ? 29 : kDays[static_cast<std::size_t>(month - 1)];
+}
+
+constexpr long long kFirstOrdinary = std::numeric_limits<long long>::min() + 4;
+constexpr long long kLast = std::numeric_limits<long long>::max();
+constexpr long long kStart1960 = -1262347166871870000;  // TAI-UTC starts drifting
+constexpr long long kStart1972 = -883655957816000000;   // whole leap seconds from here
+
+bool inDriftEra(long long t) {
+    return t >= kStart1960 - 2000000000 && t < kStart1972;
+}
+
+TEST(Tt2000RoundTrip, RandomCalendarTimesAcrossTheRange) {
+    std::mt19937_64 random(1707);
+    int checked = 0;
+    while (checked < 200000) {
+        const int year = std::uniform_int_distribution<int>(1708, 2291)(random);
+        if (year >= 1959 && year <= 1972) continue;
+        const int month = std::uniform_int_distribution<int>(1, 12)(random);
+        const Parts p{
+            double(year),
+            double(month),
+            double(std::uniform_int_distribution<int>(1, daysInMonth(year, month))(random)),
+            double(std::uniform_int_distribution<int>(0, 23)(random)),
+            double(std::uniform_int_distribution<int>(0, 59)(random)),
+            double(std::uniform_int_distribution<int>(0, 59)(random)),
+            double(std::uniform_int_distribution<int>(0, 999)(random)),
+            double(std::uniform_int_distribution<int>(0, 999)(random)),
+            double(std::uniform_int_distribution<int>(0, 999)(random))};
+        const long long t = encode(p);
+        ASSERT_NE(t, ILLEGAL_TT2000_VALUE) << year << "-" << month << "-" << p[2];
+        ASSERT_EQ(decode(t), p) << "tt2000 " << t;
+        ++checked;
+    }
+}
+
+TEST(Tt2000RoundTrip, RandomValuesAcrossTheRange) {
+    std::mt19937_64 random(2292);
+    std::uniform_int_distribution<long long> anyValue(kFirstOrdinary, kLast);
+    int checked = 0;
+    while (checked < 200000) {
+        const long long t = anyValue(random);
+        if (inDriftEra(t)) continue;
+        ASSERT_EQ(encode(decode(t)), t);
+        ++checked;
+    }
+}
+
+TEST(Tt2000RoundTrip, RangeEndsAreExact) {
+    EXPECT_EQ(encode({1707, 9, 22, 12, 12, 10, 961, 224, 196}), kFirstOrdinary);
+    EXPECT_EQ(decode(kFirstOrdinary), (Parts{1707, 9, 22, 12, 12, 10, 961, 224, 196}));
+    EXPECT_EQ(encode({2292, 4, 11, 11, 46, 7, 670, 775, 807}), kLast);
+    EXPECT_EQ(decode(kLast), (Parts{2292, 4, 11, 11, 46, 7, 670, 775, 807}));
+}
+
+// Around every whole-second row after the first: the last ordinary second, the leap
+// second 23:59:60 and the first second of the new offset, nanosecond by nanosecond at
+// the joins and at random instants inside.
+TEST(Tt2000RoundTrip, ThroughEveryLeapSecond) {
+    const auto rows = et::LeapSecondTable::builtIn().rows();
+    const auto starts = et::LeapSecondTable::builtIn().wholeSecondStarts();
+    ASSERT_EQ(starts.size(), 28u);
+    std::mt19937_64 random(60);
+    for (std::size_t i = 1; i < starts.size(); ++i) {
+        const et::LeapSecondRow& row = rows[et::kDriftingRows + i];
+        const int year = row.month == 1 ? int(row.year) - 1 : int(row.year);
+        const int month = row.month == 1 ? 12 : int(row.month) - 1;
+        const double lastDay = daysInMonth(year, month);
+        const long long start = starts[i];
+        SCOPED_TRACE(std::to_string(year) + "-" + std::to_string(month));
+
+        EXPECT_EQ(encode({double(year), double(month), lastDay, 23, 59, 60, 0, 0, 0}),
+                  start - 1000000000);
+        EXPECT_EQ(encode({double(year), double(month), lastDay, 23, 59, 59, 999, 999, 999}),
+                  start - 1000000001);
+        EXPECT_EQ(decode(start - 1),
+                  (Parts{double(year), double(month), lastDay, 23, 59, 60, 999, 999, 999}));
+        EXPECT_EQ(decode(start), (Parts{row.year, row.month, 1, 0, 0, 0, 0, 0, 0}));
+
+        std::uniform_int_distribution<long long> around(start - 2000000000, start + 1000000000);
+        for (int k = 0; k < 2000; ++k) {
+            const long long t = around(random);
+            const Parts p = decode(t);
+            ASSERT_EQ(encode(p), t);
+            ASSERT_EQ(p[5] == 60.0, t >= start - 1000000000 && t < start) << t;
+        }
+    }
+}
+
+}  // namespace

@@ -59,9 +59,20 @@ void AdaptiveTree::update(int symbol) {
     int current = leaf_[symbol];
     while (current != -1) {
         const std::uint32_t w = ++nodes_[current].weight;
-        int target = current;
-        while (target > 0 && nodes_[target - 1].weight < w) --target;
-        if (target != current) {
+        if (current > 1 && nodes_[current - 1].weight < w) {
+            // Slots before `current` are in non-increasing weight order: the first slot
+            // lighter than w starts the run that current now outweighs.
+            int lo = 1;
+            int hi = current - 1;
+            while (lo < hi) {
+                const int mid = (lo + hi) / 2;
+                if (nodes_[mid].weight < w) {
+                    hi = mid;
+                } else {
+                    lo = mid + 1;
+                }
+            }
+            const int target = lo;
             swap_slots(current, target);
             current = target;
         }

@@ -1,0 +1,225 @@
+// VAX F, D and G floats read as IEEE: the stored bytes of the reference library's
+// encoding samples, the edge patterns of the formats, and a model built on ldexp.
+#include "encoding/vax_float.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using cdfgate::engine::encoding::vax_d_bits_to_ieee;
+using cdfgate::engine::encoding::vax_d_to_ieee;
+using cdfgate::engine::encoding::vax_f_bits_to_ieee;
+using cdfgate::engine::encoding::vax_f_to_ieee;
+using cdfgate::engine::encoding::vax_g_bits_to_ieee;
+using cdfgate::engine::encoding::vax_g_to_ieee;
+
+std::vector<std::uint8_t> from_hex(const std::string& hex) {
+    std::vector<std::uint8_t> out;
+    for (std::size_t i = 0; i + 1 < hex.size(); i += 2) {
+        out.push_back(static_cast<std::uint8_t>(std::stoi(hex.substr(i, 2), nullptr, 16)));
+    }
+    return out;
+}
+
+float as_float(const std::vector<std::uint8_t>& b) {
+    float f;
+    std::memcpy(&f, b.data(), 4);
+    return f;
+}
+
+double as_double(const std::vector<std::uint8_t>& b, std::size_t at = 0) {
+    double d;
+    std::memcpy(&d, b.data() + at, 8);
+    return d;
+}
+
+std::uint32_t float_bits(float f) {
+    std::uint32_t u;
+    std::memcpy(&u, &f, 4);
+    return u;
+}
+
+std::uint64_t double_bits(double d) {
+    std::uint64_t u;
+    std::memcpy(&u, &d, 8);
+    return u;
+}
+
+// Bytes as stored in encoding_vax.cdf / encoding_alphavmsg.cdf and the values
+// written to them.
+struct SingleCase {
+    const char* stored;
+    float value;
+};
+
+TEST(VaxFloat, FFloatsOfTheEncodingSamplesReadBackExactly) {
+    const SingleCase cases[] = {{"80400000", 1.0f},
+                                {"20C10000", -2.5f},
+                                {"820020AB", 3.0e-39f},
+                                {"4972CAF2", 1.0e30f},
+                                {"49F2CAF2", -1.0e30f}};
+    for (const auto& c : cases) {
+        auto bytes = from_hex(c.stored);
+        vax_f_to_ieee(bytes.data(), 1);
+        EXPECT_EQ(float_bits(as_float(bytes)), float_bits(c.value)) << c.stored;
+    }
+}
+
+struct DoubleCase {
+    const char* stored;
+    double value;
+};
+
+TEST(VaxFloat, DFloatsOfTheVaxSampleReadBack) {
+    const DoubleCase cases[] = {
+        {"8040000000000000", 1.0},
+        {"20C1000000000000", -2.5},
+        {"8000000000000000", 2.9387358770557188e-39},  // D minimum from 1.0e-300
+        {"CC3ECCCCCCCCD0CC", 0.1},
+        {"6557679B30500000", 63113904000000.0},
+        {"6B521B1E00F80000", 63113904000.0},
+        {"49F2C9F204CD5067", -1.0e30},
+    };
+    for (const auto& c : cases) {
+        auto bytes = from_hex(c.stored);
+        vax_d_to_ieee(bytes.data(), 1);
+        EXPECT_EQ(double_bits(as_double(bytes)), double_bits(c.value)) << c.stored;
+    }
+}
+
+TEST(VaxFloat, GFloatsOfTheAlphaSampleReadBackExactly) {
+    const DoubleCase cases[] = {
+        {"1040000000000000", 1.0},
+        {"24C0000000000000", -2.5},
+        {"C5011F6EF8C259F3", 1.0e-300},
+        {"D93F999999999A99", 0.1},
+        {"EC426CB306EA0000", 63113904000000.0},
+        {"4D42C363007F0000", 63113904000.0},
+        {"49C6593EA039EA8C", -1.0e30},
+    };
+    for (const auto& c : cases) {
+        auto bytes = from_hex(c.stored);
+        vax_g_to_ieee(bytes.data(), 1);
+        EXPECT_EQ(double_bits(as_double(bytes)), double_bits(c.value)) << c.stored;
+    }
+}
+
+TEST(VaxFloat, ZeroExponentsGiveZerosAndReservedOperandsNegativeZero) {
+    EXPECT_EQ(vax_f_bits_to_ieee(0x00000000u), 0x00000000u);
+    EXPECT_EQ(vax_f_bits_to_ieee(0x0000ABCDu), 0x00000000u);  // dirty zero
+    EXPECT_EQ(vax_f_bits_to_ieee(0x80000000u), 0x80000000u);
+    EXPECT_EQ(vax_f_bits_to_ieee(0x807FFFFFu), 0x80000000u);
+    EXPECT_EQ(vax_d_bits_to_ieee(0x0000000000001234ULL), 0ULL);
+    EXPECT_EQ(vax_d_bits_to_ieee(0x8000000000000001ULL), 0x8000000000000000ULL);
+    EXPECT_EQ(vax_g_bits_to_ieee(0x000FFFFFFFFFFFFFULL), 0ULL);
+    EXPECT_EQ(vax_g_bits_to_ieee(0x8000000000000000ULL), 0x8000000000000000ULL);
+}
+
+TEST(VaxFloat, ExtremeMagnitudesStayFinite) {
+    // Smallest F and G magnitudes become IEEE subnormals; the largest stay normal.
+    EXPECT_EQ(vax_f_bits_to_ieee(0x00800000u), float_bits(std::ldexp(1.0f, -128)));
+    EXPECT_EQ(vax_f_bits_to_ieee(0x80800000u), float_bits(-std::ldexp(1.0f, -128)));
+    EXPECT_EQ(vax_f_bits_to_ieee(0x7FFFFFFFu), 0x7EFFFFFFu);
+    EXPECT_EQ(vax_g_bits_to_ieee(0x0010000000000000ULL), double_bits(std::ldexp(1.0, -1024)));
+    EXPECT_EQ(vax_g_bits_to_ieee(0x7FFFFFFFFFFFFFFFULL), 0x7FDFFFFFFFFFFFFFULL);
+    EXPECT_EQ(vax_d_bits_to_ieee(0x7FFFFFFFFFFFFFFFULL), 0x47DFFFFFFFFFFFFFULL);
+}
+
+// The value a VAX pattern stands for, computed in wider arithmetic and rounded once.
+float f_model(std::uint32_t v) {
+    const int e = static_cast<int>((v >> 23) & 0xFF);
+    const double mag = std::ldexp(1.0 + (v & 0x7FFFFF) / 8388608.0, e - 129);
+    return static_cast<float>((v >> 31) ? -mag : mag);
+}
+
+double g_model(std::uint64_t v) {
+    const int e = static_cast<int>((v >> 52) & 0x7FF);
+    const double frac = static_cast<double>(v & 0xFFFFFFFFFFFFFULL) / 4503599627370496.0;
+    const double mag = std::ldexp(1.0 + frac, e - 1025);
+    return (v >> 63) ? -mag : mag;
+}
+
+double d_model(std::uint64_t v) {
+    const int e = static_cast<int>((v >> 55) & 0xFF);
+    // 55 fraction bits: keep the top 52 (truncation) before scaling.
+    const std::uint64_t f52 = (v & ((1ULL << 55) - 1)) >> 3;
+    const double mag = std::ldexp(1.0 + static_cast<double>(f52) / 4503599627370496.0, e - 129);
+    return (v >> 63) ? -mag : mag;
+}
+
+TEST(VaxFloat, EveryExponentMatchesTheArithmeticModel) {
+    std::mt19937_64 rng(12345);
+    for (std::uint32_t e = 1; e < 256; ++e) {
+        for (int k = 0; k < 64; ++k) {
+            const auto frac = static_cast<std::uint32_t>(rng()) & 0x7FFFFF;
+            const std::uint32_t sign = (k & 1) ? 0x80000000u : 0;
+            const std::uint32_t v = sign | (e << 23) | frac;
+            ASSERT_EQ(vax_f_bits_to_ieee(v), float_bits(f_model(v))) << std::hex << v;
+        }
+    }
+    for (std::uint64_t e = 1; e < 2048; ++e) {
+        for (int k = 0; k < 16; ++k) {
+            const std::uint64_t sign = (k & 1) ? (1ULL << 63) : 0;
+            const std::uint64_t v = sign | (e << 52) | (rng() & 0xFFFFFFFFFFFFFULL);
+            ASSERT_EQ(vax_g_bits_to_ieee(v), double_bits(g_model(v))) << std::hex << v;
+        }
+    }
+    for (std::uint64_t e = 1; e < 256; ++e) {
+        for (int k = 0; k < 16; ++k) {
+            const std::uint64_t sign = (k & 1) ? (1ULL << 63) : 0;
+            const std::uint64_t v = sign | (e << 55) | (rng() & ((1ULL << 55) - 1));
+            ASSERT_EQ(vax_d_bits_to_ieee(v), double_bits(d_model(v))) << std::hex << v;
+        }
+    }
+}
+
+TEST(VaxFloat, SubnormalResultsRoundToNearestEven) {
+    // F exponent 2 halves the significand: odd fractions sit exactly half-way.
+    for (std::uint32_t frac : {0u, 1u, 2u, 3u, 5u, 0x7FFFFFu}) {
+        const std::uint32_t v = (2u << 23) | frac;
+        EXPECT_EQ(vax_f_bits_to_ieee(v), float_bits(f_model(v))) << frac;
+    }
+    // Exponent 1 quarters it: remainders below, at and above half.
+    for (std::uint32_t frac : {1u, 2u, 3u, 6u, 7u, 0x7FFFFFu}) {
+        const std::uint32_t v = (1u << 23) | frac;
+        EXPECT_EQ(vax_f_bits_to_ieee(v), float_bits(f_model(v))) << frac;
+    }
+}
+
+TEST(VaxFloat, ArraysConvertEveryElementInPlace) {
+    // Three F values then check that neighbours do not disturb each other.
+    auto f = from_hex(
+        "80400000"
+        "20C10000"
+        "4972CAF2");
+    vax_f_to_ieee(f.data(), 3);
+    float fs[3];
+    std::memcpy(fs, f.data(), 12);
+    EXPECT_EQ(fs[0], 1.0f);
+    EXPECT_EQ(fs[1], -2.5f);
+    EXPECT_EQ(fs[2], 1.0e30f);
+
+    auto g = from_hex(
+        "1040000000000000"
+        "24C0000000000000"
+        "D93F999999999A99");
+    vax_g_to_ieee(g.data(), 3);
+    EXPECT_EQ(as_double(g, 0), 1.0);
+    EXPECT_EQ(as_double(g, 8), -2.5);
+    EXPECT_EQ(as_double(g, 16), 0.1);
+
+    auto d = from_hex(
+        "8040000000000000"
+        "20C1000000000000");
+    vax_d_to_ieee(d.data(), 2);
+    EXPECT_EQ(as_double(d, 0), 1.0);
+    EXPECT_EQ(as_double(d, 8), -2.5);
+}
+
+}  // namespace

@@ -1,4 +1,5 @@
 #include "time/calendar.h"
+#include "time/exact_fmod.h"
 
 #include <cmath>
 
@@ -37,8 +38,8 @@ CivilTime splitSeconds(double seconds) {
     const double days = hours / 24.0;
     const i64 shifted =
         wrapAdd(toInt64(static_cast<double>(kDayNumberOfYearZero) + days), kCivilShift);
-    return {civilFromShiftedDayNumber(shifted), toInt64(std::fmod(hours, 24.0)),
-            toInt64(std::fmod(minutes, 60.0)), toInt64(std::fmod(seconds, 60.0))};
+    return {civilFromShiftedDayNumber(shifted), toInt64(exactFmod(hours, 24)),
+            toInt64(exactFmod(minutes, 60)), toInt64(exactFmod(seconds, 60))};
 }
 
 }  // namespace cdfgate::engine::time

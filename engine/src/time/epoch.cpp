@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "time/calendar.h"
+#include "time/exact_fmod.h"
 
 namespace cdfgate::engine::time {
 
@@ -48,7 +49,7 @@ EpochParts epochBreakdown(double epoch) {
     if (std::bit_cast<std::uint64_t>(epoch) == 0x8000000000000000ULL) return {0, 0, 0, 0, 0, 0, 0};
     if (epoch < 0.0) epoch = -epoch;
     if (kEpochMax < epoch) epoch = kEpochMax;
-    const double msec = std::fmod(epoch, 1000.0);
+    const double msec = exactFmod(epoch, 1000);
     // Split the whole seconds, not epoch / 1000.0: with the fraction kept, a time in the
     // last millisecond of a day (23:59:59.999 and a fraction) rounds up to the next day
     // number inside the split and came out as the next day's date with this day's

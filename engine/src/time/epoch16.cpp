@@ -5,6 +5,7 @@
 
 #include "time/calendar.h"
 #include "time/epoch.h"
+#include "time/exact_fmod.h"
 
 namespace cdfgate::engine::time {
 
@@ -67,11 +68,11 @@ Epoch16Parts epoch16Breakdown(double pair[2]) {
     const double seconds = std::isnan(pair[0]) ? pair[0] : std::floor(pair[0]);
     const CivilTime t = splitSeconds(seconds);
     const double p = pair[1];
-    const i64 psec = toInt64(std::fmod(p, 1000.0));
+    const i64 psec = toInt64(exactFmod(p, 1000));
     const double n = p / 1000.0;
-    const i64 nsec = toInt64(std::fmod(n, 1000.0));
+    const i64 nsec = toInt64(exactFmod(n, 1000));
     const double u = n / 1000.0;
-    const i64 usec = toInt64(std::fmod(u, 1000.0));
+    const i64 usec = toInt64(exactFmod(u, 1000));
     const i64 msec = toInt64(u / 1000.0);
     return {t.date.year, t.date.month, t.date.day, t.hour, t.minute,
             t.second,    msec,         usec,       nsec,   psec};

@@ -41,15 +41,14 @@ CivilTime searchDriftEra(i64 t, SecondsAndNanos& sn, const LeapSecondTable& tabl
     const i64 whole = wrapAdd(wrapMul(sn.seconds, kNsPerSecond), sn.nanos);
     CivilTime guess = splitSeconds(toDouble(sn.seconds) + kSecondsToJ2000Midnight);
     for (int attempt = 0; attempt < 2; ++attempt) {
-        const std::array<double, 9> parts{toDouble(guess.date.year),
-                                          toDouble(guess.date.month),
-                                          toDouble(guess.date.day),
-                                          toDouble(guess.hour),
-                                          toDouble(guess.minute),
-                                          toDouble(guess.second),
-                                          0.0,
-                                          0.0,
-                                          toDouble(sn.nanos)};
+        // The nanoseconds go in as ms, us and ns: the same encoding as passing them all
+        // as nanoseconds (the guess is a normalised date), without the carry work.
+        const std::array<double, 9> parts{
+            toDouble(guess.date.year),    toDouble(guess.date.month),
+            toDouble(guess.date.day),     toDouble(guess.hour),
+            toDouble(guess.minute),       toDouble(guess.second),
+            toDouble(sn.nanos / 1000000), toDouble(sn.nanos / 1000 % 1000),
+            toDouble(sn.nanos % 1000)};
         if (computeTt2000(parts, table) == t) break;
         const double offset = table.taiMinusUtc(guess.date.year, guess.date.month, guess.date.day);
         sn = splitNanoseconds(wrapSub(whole, toInt64(offset * 1e9)));

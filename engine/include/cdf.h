@@ -330,6 +330,7 @@ typedef long CDFstatus;
 #define STAGE_CACHESIZE_ 154L
 #define COMPRESS_CACHESIZE_ 155L
 #define CDF_CHECKSUM_ 156L
+#define CDF_LEAPSECONDLASTUPDATED_ 157L
 
 /* ------------------------------------------------------------- statuses */
 #define VIRTUAL_RECORD_DATA ((CDFstatus)1001)

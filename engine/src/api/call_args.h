@@ -11,11 +11,11 @@ class CallArgs {
   public:
     explicit CallArgs(va_list* ap) : ap_(ap) {}
 
-    long nextLong() { return va_arg(*ap_, long); }
-    void* nextPointer() { return va_arg(*ap_, void*); }
+    long next_long() { return va_arg(*ap_, long); }
+    void* next_pointer() { return va_arg(*ap_, void*); }
     template <typename T>
     T* next() {
-        return static_cast<T*>(nextPointer());
+        return static_cast<T*>(next_pointer());
     }
 
   private:

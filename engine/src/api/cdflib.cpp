@@ -11,7 +11,7 @@
 namespace cdfgate::engine::api {
 namespace {
 
-bool isOperation(long code) {
+bool is_operation(long code) {
     return code >= NULL_ && code <= GETLEAPSECONDSENVVAR_;
 }
 
@@ -40,7 +40,9 @@ class StatusCombiner {
 };
 
 using HandlerGroup = CDFstatus (*)(long, long, Call&);
-constexpr std::array<HandlerGroup, 1> kGroups{&handleLibraryItem};
+constexpr std::array<HandlerGroup, 6> kGroups{&handle_library_item,  &handle_file_item,
+                                              &handle_variable_item, &handle_attribute_item,
+                                              &handle_entry_item,    &handle_variable_data_item};
 
 CDFstatus dispatch(long op, long item, Call& call) {
     for (const HandlerGroup group : kGroups) {
@@ -51,13 +53,13 @@ CDFstatus dispatch(long op, long item, Call& call) {
 }
 
 CDFstatus run(long first, va_list* ap) {
-    Call call{CallArgs(ap), libraryState()};
+    Call call{CallArgs(ap), library_state()};
     StatusCombiner combined;
     long op = first;
-    if (!isOperation(op)) return BAD_FNC_OR_ITEM;
+    if (!is_operation(op)) return BAD_FNC_OR_ITEM;
     while (op != NULL_) {
-        const long next = call.args.nextLong();
-        if (isOperation(next)) {
+        const long next = call.args.next_long();
+        if (is_operation(next)) {
             op = next;
             continue;
         }

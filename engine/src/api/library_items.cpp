@@ -9,26 +9,21 @@
 namespace cdfgate::engine::api {
 namespace {
 
-CDFstatus selectCdf(Call& call) {
-    void* const id = call.args.nextPointer();
+CDFstatus select_cdf(Call& call) {
+    void* const id = call.args.next_pointer();
     if (id == nullptr) {
         call.lib.current = 0;
         return CDF_OK;
     }
     if (call.lib.find(id) == nullptr) return BAD_CDF_ID;
-    call.lib.current = keyOf(id);
+    call.lib.current = key_of(id);
     return CDF_OK;
 }
 
-CDFstatus putLong(Call& call, long value) {
-    *call.args.next<long>() = value;
-    return CDF_OK;
-}
-
-CDFstatus handleGet(long item, Call& call) {
+CDFstatus handle_get(long item, Call& call) {
     switch (item) {
         case STATUS_TEXT_:
-            copyStatusText(call.lib.currentStatus, call.args.next<char>());
+            copy_status_text(call.lib.current_status, call.args.next<char>());
             return CDF_OK;
         case LIB_COPYRIGHT_: {
             char* const out = call.args.next<char>();
@@ -36,11 +31,11 @@ CDFstatus handleGet(long item, Call& call) {
             return CDF_OK;
         }
         case LIB_VERSION_:
-            return putLong(call, kLibraryVersion);
+            return put_long(call, kLibraryVersion);
         case LIB_RELEASE_:
-            return putLong(call, kLibraryRelease);
+            return put_long(call, kLibraryRelease);
         case LIB_INCREMENT_:
-            return putLong(call, kLibraryIncrement);
+            return put_long(call, kLibraryIncrement);
         case LIB_subINCREMENT_:
             *call.args.next<char>() = kLibrarySubIncrement;
             return CDF_OK;
@@ -51,25 +46,25 @@ CDFstatus handleGet(long item, Call& call) {
 
 }  // namespace
 
-CDFstatus handleLibraryItem(long op, long item, Call& call) {
+CDFstatus handle_library_item(long op, long item, Call& call) {
     switch (op) {
         case SELECT_:
             if (item == CDF_STATUS_) {
-                call.lib.currentStatus = call.args.nextLong();
+                call.lib.current_status = call.args.next_long();
                 return CDF_OK;
             }
-            if (item == CDF_) return selectCdf(call);
+            if (item == CDF_) return select_cdf(call);
             return kNotHandled;
         case CONFIRM_:
-            if (item == CDF_STATUS_) return putLong(call, call.lib.currentStatus);
+            if (item == CDF_STATUS_) return put_long(call, call.lib.current_status);
             if (item == CDF_) {
                 *call.args.next<CDFid>() =
-                    call.lib.currentCdf() ? reinterpret_cast<CDFid>(call.lib.current) : nullptr;
+                    call.lib.current_cdf() ? reinterpret_cast<CDFid>(call.lib.current) : nullptr;
                 return CDF_OK;
             }
             return kNotHandled;
         case GET_:
-            return handleGet(item, call);
+            return handle_get(item, call);
         default:
             return kNotHandled;
     }

@@ -2,19 +2,19 @@
 
 namespace cdfgate::engine::api {
 
-OpenCdf* LibraryState::currentCdf() {
+OpenCdf* LibraryState::current_cdf() {
     const auto it = open.find(current);
     return it == open.end() ? nullptr : it->second.get();
 }
 
 OpenCdf* LibraryState::find(const void* id) {
-    const auto it = open.find(keyOf(id));
+    const auto it = open.find(key_of(id));
     return it == open.end() ? nullptr : it->second.get();
 }
 
 void* LibraryState::add(std::unique_ptr<OpenCdf> cdf) {
-    const std::uintptr_t key = nextId;
-    nextId += 0x10;
+    const std::uintptr_t key = next_id;
+    next_id += 0x10;
     open.emplace(key, std::move(cdf));
     return reinterpret_cast<void*>(key);
 }
@@ -24,7 +24,7 @@ void LibraryState::remove(std::uintptr_t key) {
     if (current == key) current = 0;
 }
 
-LibraryState& libraryState() {
+LibraryState& library_state() {
     static LibraryState state;
     return state;
 }

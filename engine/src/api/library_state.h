@@ -11,15 +11,15 @@
 namespace cdfgate::engine::api {
 
 struct LibraryState {
-    long currentStatus = -1;  // RESERVED_CDFSTATUS until a status is selected
-    bool backwardFile = false;
+    long current_status = -1;  // RESERVED_CDFSTATUS until a status is selected
+    bool backward_file = false;
     bool validate = true;
     std::map<std::uintptr_t, std::unique_ptr<OpenCdf>> open;
     std::uintptr_t current = 0;  // 0: no current CDF
-    std::uintptr_t nextId = 0x1000;
+    std::uintptr_t next_id = 0x1000;
 
     // The current CDF, or nullptr.
-    OpenCdf* currentCdf();
+    OpenCdf* current_cdf();
     // The open CDF of an id, or nullptr (never-issued and closed ids alike).
     OpenCdf* find(const void* id);
     // Registers a CDF under a fresh id that is never reused; returns the id.
@@ -28,9 +28,9 @@ struct LibraryState {
     void remove(std::uintptr_t key);
 };
 
-LibraryState& libraryState();
+LibraryState& library_state();
 
-inline std::uintptr_t keyOf(const void* id) {
+inline std::uintptr_t key_of(const void* id) {
     return reinterpret_cast<std::uintptr_t>(id);
 }
 

@@ -200,12 +200,12 @@ const StatusInfo* find(long status) {
 
 }  // namespace
 
-const char* statusName(long status) {
+const char* status_name(long status) {
     const StatusInfo* info = find(status);
     return info ? info->name : nullptr;
 }
 
-std::string statusText(long status) {
+std::string status_text(long status) {
     std::string text;
     if (const StatusInfo* info = find(status)) {
         text = std::string(info->name) + ": " + info->explanation;
@@ -217,8 +217,8 @@ std::string statusText(long status) {
     return text;
 }
 
-void copyStatusText(long status, char* out) {
-    const std::string text = statusText(status);
+void copy_status_text(long status, char* out) {
+    const std::string text = status_text(status);
     std::memcpy(out, text.c_str(), text.size() + 1);
 }
 

@@ -1,0 +1,528 @@
+// zVAR_ items about variables' definitions and selections: select, create,
+// delete, rename, inquire; pad value, blocking factor, sparseness, compression;
+// record and dimension selections.
+#include <algorithm>
+#include <cstring>
+
+#include "api/call.h"
+#include "api/names.h"
+#include "api/values.h"
+#include "api/view.h"
+#include "codec/dispatch.h"
+#include "encoding/data_types.h"
+#include "encoding/encodings.h"
+#include "store/variable_data.h"
+
+namespace cdfgate::engine::api {
+namespace {
+
+struct Current {
+    OpenCdf& cdf;
+    VarRef ref;
+    store::Variable& var;
+};
+
+// The current zVariable; NO_VAR_SELECTED when none.
+CDFstatus current_var(OpenCdf& cdf, std::optional<Current>& out) {
+    if (!cdf.cur_zvar) return NO_VAR_SELECTED;
+    const auto ref = zvar_ref(cdf, *cdf.cur_zvar);
+    if (!ref) return NO_VAR_SELECTED;
+    out.emplace(Current{cdf, *ref, variable(cdf, *ref)});
+    return CDF_OK;
+}
+
+std::size_t record_bytes(const OpenCdf& cdf, VarRef ref) {
+    const store::Variable& var = cdf.file->variables(ref.z)[ref.index];
+    std::size_t n = encoding::element_size(var.vdr.data_type) *
+                    static_cast<std::size_t>(std::max(var.vdr.num_elems, 1));
+    const auto& varys = var.vdr.dim_varys;
+    for (std::size_t d = 0; d < varys.size(); ++d) {
+        if (varys[d] == 0) continue;
+        n *=
+            static_cast<std::size_t>(ref.z ? var.vdr.dim_sizes[d] : cdf.file->gdr().r_dim_sizes[d]);
+    }
+    return n;
+}
+
+bool name_in_use(const OpenCdf& cdf, const std::string& name, const store::Variable* except) {
+    for (const bool z : {false, true}) {
+        for (const auto& v : cdf.file->variables(z)) {
+            if (&v != except && same_name(v.vdr.name, name)) return true;
+        }
+    }
+    return false;
+}
+
+// Default pad of a variable whose file stores none: depends on the writing version.
+bool old_default_pads(const store::CdfFile& file) {
+    const format::Cdr& cdr = file.cdr();
+    return !file.v3() || (cdr.version == 3 && cdr.release < 5);
+}
+
+CDFstatus create_var(Call& call, OpenCdf& cdf) {
+    const char* const name = call.args.next<char>();
+    const long data_type = call.args.next_long();
+    const long num_elems = call.args.next_long();
+    const long num_dims = call.args.next_long();
+    const long* const dim_sizes = call.args.next<long>();
+    const long rec_vary = call.args.next_long();
+    const long* const dim_varys = call.args.next<long>();
+    long* const number = call.args.next<long>();
+
+    CDFGATE_TRY(check_writable(cdf));
+    if (!encoding::is_known_type(data_type)) return BAD_DATA_TYPE;
+    if (!cdf.file->v3() && encoding::is_v3_only_type(data_type)) return BAD_DATA_TYPE;
+    if (num_elems < 1 || num_elems > INT32_MAX ||
+        (!encoding::is_char_type(data_type) && num_elems != 1)) {
+        return BAD_NUM_ELEMS;
+    }
+    if (num_dims < 0 || num_dims > CDF_MAX_DIMS) return BAD_NUM_DIMS;
+    store::Variable var;
+    var.vdr.z = true;
+    for (long d = 0; d < num_dims; ++d) {
+        if (dim_sizes[d] < 1 || dim_sizes[d] > INT32_MAX) return BAD_DIM_SIZE;
+        var.vdr.dim_sizes.push_back(static_cast<std::int32_t>(dim_sizes[d]));
+        var.vdr.dim_varys.push_back(dim_varys[d] != 0 ? -1 : 0);
+    }
+    std::string stored_name;
+    const Status named = prepare_name(name, cdf.file->layout().name_size(), BAD_VAR_NAME,
+                                      VAR_NAME_TRUNC, stored_name);
+    CDFGATE_TRY(named);
+    if (name_in_use(cdf, stored_name, nullptr)) return VAR_EXISTS;
+
+    var.vdr.name = stored_name;
+    var.vdr.data_type = static_cast<std::int32_t>(data_type);
+    var.vdr.num_elems = static_cast<std::int32_t>(num_elems);
+    var.vdr.flags = format::kVdrPadPresent | (rec_vary != 0 ? format::kVdrRecVary : 0);
+    const auto pad = encoding::default_pad(data_type, num_elems, !cdf.file->v3());
+    var.vdr.pad =
+        stored_form(cdf, data_type, pad.data(),
+                    encoding::is_char_type(data_type) ? static_cast<std::size_t>(num_elems) : 1);
+    CDFGATE_TRY(cdf.file->add_variable(std::move(var)));
+
+    VarSelection sel;
+    for (long d = 0; d < num_dims; ++d) {
+        sel.counts[static_cast<std::size_t>(d)] = dim_sizes[d];
+        sel.intervals[static_cast<std::size_t>(d)] = 1;
+    }
+    cdf.z_selections.push_back(sel);
+    const VarRef ref{true, cdf.file->variables(true).size() - 1};
+    cdf.cur_zvar = zvar_number(cdf, ref);
+    *number = *cdf.cur_zvar;
+    return named.code;
+}
+
+CDFstatus delete_var(Current& cur) {
+    OpenCdf& cdf = cur.cdf;
+    CDFGATE_TRY(check_writable(cdf));
+    if (!cdf.file->single_file()) return UNSUPPORTED_OPERATION;
+    CDFGATE_TRY(cdf.file->delete_variable(cur.ref.z, cur.ref.index));
+    auto& sels = cdf.selections(cur.ref.z);
+    sels.erase(sels.begin() + static_cast<std::ptrdiff_t>(cur.ref.index));
+    cdf.cur_zvar.reset();
+    return CDF_OK;
+}
+
+CDFstatus rename_var(Call& call, Current& cur) {
+    const char* const name = call.args.next<char>();
+    CDFGATE_TRY(check_writable(cur.cdf));
+    std::string stored_name;
+    const Status named = prepare_name(name, cur.cdf.file->layout().name_size(), BAD_VAR_NAME,
+                                      VAR_NAME_TRUNC, stored_name);
+    CDFGATE_TRY(named);
+    if (name_in_use(cur.cdf, stored_name, &cur.var)) return VAR_EXISTS;
+    cur.var.vdr.name = stored_name;
+    cur.cdf.file->touch();
+    return named.code;
+}
+
+CDFstatus get_pad(Call& call, Current& cur) {
+    void* const out = call.args.next_pointer();
+    const format::Vdr& vdr = cur.var.vdr;
+    if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
+    if (cur.var.has_pad()) {
+        const std::size_t count =
+            encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
+        copy_out(cur.cdf, vdr.data_type, vdr.pad.data(), count, out);
+        return CDF_OK;
+    }
+    // One element of the default, in host form.
+    const auto pad = encoding::default_pad(vdr.data_type, 1, old_default_pads(*cur.cdf.file));
+    std::memcpy(out, pad.data(), pad.size());
+    return NO_PADVALUE_SPECIFIED;
+}
+
+CDFstatus put_pad(Call& call, Current& cur) {
+    const void* const in = call.args.next_pointer();
+    CDFGATE_TRY(check_writable(cur.cdf));
+    format::Vdr& vdr = cur.var.vdr;
+    if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
+    const std::size_t count =
+        encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
+    vdr.pad = stored_form(cur.cdf, vdr.data_type, in, count);
+    vdr.flags |= format::kVdrPadPresent;
+    cur.cdf.file->refit(cur.var);
+    return CDF_OK;
+}
+
+CDFstatus get_var_compression(Call& call, Current& cur) {
+    long* const type = call.args.next<long>();
+    long* const parms = call.args.next<long>();
+    long* const pct = call.args.next<long>();
+    if (!cur.var.compressed()) {
+        *type = NO_COMPRESSION;
+        *pct = 100;
+        return CDF_OK;
+    }
+    *type = cur.var.cpr->c_type;
+    parms[0] = cur.var.cpr->parms.empty() ? 0 : cur.var.cpr->parms[0];
+    std::int64_t packed = 0, records = 0;
+    CDFGATE_TRY(store::walk_index(*cur.cdf.file, cur.var, [&](const store::IndexSlot& s) -> Status {
+        packed += s.size - static_cast<std::int64_t>(cur.cdf.file->layout().header_size());
+        records += static_cast<std::int64_t>(s.last) - s.first + 1;
+        return kOk;
+    }));
+    const auto raw = records * static_cast<std::int64_t>(record_bytes(cur.cdf, cur.ref));
+    *pct = raw > 0 ? static_cast<long>((packed * 100 + raw / 2) / raw) : 0;
+    return CDF_OK;
+}
+
+CDFstatus put_var_compression(Call& call, Current& cur) {
+    const long type = call.args.next_long();
+    const long* const parms = call.args.next<long>();
+    CDFGATE_TRY(check_writable(cur.cdf));
+    if (cur.var.vdr.max_rec >= 0) return CANNOT_COMPRESS;
+    format::Cpr cpr;
+    if (type != NO_COMPRESSION) {
+        const auto method = codec::method_of_type(static_cast<int>(type));
+        if (!method || type > INT32_MAX) return UNKNOWN_COMPRESSION;
+        const long parm = parms ? parms[0] : 0;
+        if (parm < 0 || parm > 9 || !codec::valid_parameter(*method, static_cast<int>(parm))) {
+            return BAD_COMPRESSION_PARM;
+        }
+        if (!cur.cdf.file->single_file()) return CANNOT_COMPRESS;
+        cpr.c_type = static_cast<std::int32_t>(type);
+        cpr.parms = {static_cast<std::int32_t>(parm)};
+    }
+    format::Vdr& vdr = cur.var.vdr;
+    cur.cdf.file->set_compression(cur.var, cpr);
+    if (type != NO_COMPRESSION) {
+        if (vdr.blocking_factor == 0) {
+            const std::size_t bytes = std::max<std::size_t>(record_bytes(cur.cdf, cur.ref), 1);
+            vdr.blocking_factor =
+                static_cast<std::int32_t>(std::max<std::size_t>((65536 + bytes - 1) / bytes, 1));
+        }
+    }
+    return CDF_OK;
+}
+
+CDFstatus put_blocking_factor(Call& call, Current& cur) {
+    const long factor = call.args.next_long();
+    CDFGATE_TRY(check_writable(cur.cdf));
+    if (factor < 0 || factor > INT32_MAX) return BAD_BLOCKING_FACTOR;
+    if (!cur.var.rec_vary()) {
+        cur.var.vdr.blocking_factor = 1;
+        cur.cdf.file->touch();
+        return FORCED_PARAMETER;
+    }
+    cur.var.vdr.blocking_factor = static_cast<std::int32_t>(factor);
+    cur.cdf.file->touch();
+    return CDF_OK;
+}
+
+CDFstatus put_sparse(Call& call, Current& cur) {
+    const long mode = call.args.next_long();
+    CDFGATE_TRY(check_writable(cur.cdf));
+    if (cur.var.vdr.max_rec >= 0) return CANNOT_SPARSERECORDS;
+    if (mode != NO_SPARSERECORDS && mode != PAD_SPARSERECORDS && mode != PREV_SPARSERECORDS) {
+        return UNKNOWN_SPARSENESS;
+    }
+    cur.var.vdr.s_records = static_cast<std::int32_t>(mode);
+    cur.cdf.file->touch();
+    return CDF_OK;
+}
+
+CDFstatus put_long_array(Call& call, const std::vector<long>& values) {
+    long* const out = call.args.next<long>();
+    if (!values.empty()) std::copy(values.begin(), values.end(), out);
+    return CDF_OK;
+}
+
+CDFstatus handle_get(long item, Call& call, Current& cur) {
+    const format::Vdr& vdr = cur.var.vdr;
+    switch (item) {
+        case zVAR_NAME_:
+            copy_name(vdr.name, call.args.next<char>());
+            return CDF_OK;
+        case zVAR_DATATYPE_:
+            return put_long(call, vdr.data_type);
+        case zVAR_NUMELEMS_:
+            return put_long(call, vdr.num_elems);
+        case zVAR_NUMDIMS_:
+            return put_long(call, static_cast<long>(variable_shape(cur.cdf, cur.ref).sizes.size()));
+        case zVAR_DIMSIZES_:
+            return put_long_array(call, variable_shape(cur.cdf, cur.ref).sizes);
+        case zVAR_DIMVARYS_:
+            return put_long_array(call, variable_shape(cur.cdf, cur.ref).varys);
+        case zVAR_RECVARY_:
+            return put_long(call, cur.var.rec_vary() ? VARY : NOVARY);
+        case zVAR_MAXREC_:
+            return put_long(call, vdr.max_rec);
+        case zVAR_NUMRECS_: {
+            std::int64_t count = 0;
+            CDFGATE_TRY(store::count_records(*cur.cdf.file, cur.var, count));
+            return put_long(call, static_cast<long>(count));
+        }
+        case zVAR_NUMallocRECS_:
+        case zVAR_MAXallocREC_: {
+            std::int64_t count = 0, max = -1;
+            CDFGATE_TRY(store::allocated_records(*cur.cdf.file, cur.var, count, max));
+            return put_long(call, static_cast<long>(item == zVAR_NUMallocRECS_ ? count : max));
+        }
+        case zVAR_BLOCKINGFACTOR_:
+            return put_long(call, vdr.blocking_factor);
+        case zVAR_SPARSERECORDS_:
+            return put_long(call, vdr.s_records);
+        case zVAR_COMPRESSION_:
+            return get_var_compression(call, cur);
+        case zVAR_PADVALUE_:
+            return get_pad(call, cur);
+        default:
+            return kNotHandled;
+    }
+}
+
+CDFstatus handle_put(long item, Call& call, Current& cur) {
+    switch (item) {
+        case zVAR_NAME_:
+            return rename_var(call, cur);
+        case zVAR_PADVALUE_:
+            return put_pad(call, cur);
+        case zVAR_BLOCKINGFACTOR_:
+            return put_blocking_factor(call, cur);
+        case zVAR_SPARSERECORDS_:
+            return put_sparse(call, cur);
+        case zVAR_COMPRESSION_:
+            return put_var_compression(call, cur);
+        default:
+            return kNotHandled;
+    }
+}
+
+// SELECT_ of the record and dimension selections; checked before they are kept.
+CDFstatus select_in_var(long item, Call& call, Current& cur) {
+    VarSelection& sel = selection(cur.cdf, cur.ref);
+    const Shape shape = variable_shape(cur.cdf, cur.ref);
+    const std::size_t n = shape.sizes.size();
+    switch (item) {
+        case zVAR_RECNUMBER_: {
+            const long v = call.args.next_long();
+            if (v < 0) return BAD_REC_NUM;
+            sel.rec_number = v;
+            return CDF_OK;
+        }
+        case zVAR_RECCOUNT_: {
+            const long v = call.args.next_long();
+            if (v < 1) return BAD_REC_COUNT;
+            sel.rec_count = v;
+            return CDF_OK;
+        }
+        case zVAR_RECINTERVAL_: {
+            const long v = call.args.next_long();
+            if (v < 1) return BAD_REC_INTERVAL;
+            sel.rec_interval = v;
+            return CDF_OK;
+        }
+        case zVAR_DIMINDICES_: {
+            const long* const v = call.args.next<long>();
+            for (std::size_t d = 0; d < n; ++d) {
+                if (v[d] < 0 || v[d] >= shape.sizes[d]) return BAD_DIM_INDEX;
+            }
+            std::copy(v, v + n, sel.indices.begin());
+            return CDF_OK;
+        }
+        case zVAR_DIMCOUNTS_: {
+            const long* const v = call.args.next<long>();
+            for (std::size_t d = 0; d < n; ++d) {
+                if (v[d] < 1) return BAD_DIM_COUNT;
+            }
+            std::copy(v, v + n, sel.counts.begin());
+            return CDF_OK;
+        }
+        case zVAR_DIMINTERVALS_: {
+            const long* const v = call.args.next<long>();
+            for (std::size_t d = 0; d < n; ++d) {
+                if (v[d] < 1) return BAD_DIM_INTERVAL;
+            }
+            std::copy(v, v + n, sel.intervals.begin());
+            return CDF_OK;
+        }
+        case zVAR_RESERVEPERCENT_: {
+            const long v = call.args.next_long();
+            if (v < 0 || v > 100) return BAD_COMPRESSION_PARM;
+            if (!cur.var.compressed()) return NA_FOR_VARIABLE;
+            cur.var.reserve_percent = v;
+            return CDF_OK;
+        }
+        case zVAR_CACHESIZE_: {
+            const long v = call.args.next_long();
+            if (cur.cdf.file->single_file()) return SINGLE_FILE_FORMAT;
+            return v < 0 ? BAD_CACHE_SIZE : CDF_OK;
+        }
+        default:
+            return kNotHandled;
+    }
+}
+
+CDFstatus confirm_in_var(long item, Call& call, Current& cur) {
+    const VarSelection& sel = selection(cur.cdf, cur.ref);
+    const std::size_t n = variable_shape(cur.cdf, cur.ref).sizes.size();
+    const auto put_dims = [&](const std::array<long, CDF_MAX_DIMS>& values) {
+        long* const out = call.args.next<long>();
+        std::copy(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(n), out);
+        return CDF_OK;
+    };
+    switch (item) {
+        case zVAR_RECNUMBER_:
+            return put_long(call, sel.rec_number);
+        case zVAR_RECCOUNT_:
+            return put_long(call, sel.rec_count);
+        case zVAR_RECINTERVAL_:
+            return put_long(call, sel.rec_interval);
+        case zVAR_DIMINDICES_:
+            return put_dims(sel.indices);
+        case zVAR_DIMCOUNTS_:
+            return put_dims(sel.counts);
+        case zVAR_DIMINTERVALS_:
+            return put_dims(sel.intervals);
+        case zVAR_PADVALUE_:
+            return cur.var.has_pad() ? CDF_OK : NO_PADVALUE_SPECIFIED;
+        case zVAR_RESERVEPERCENT_: {
+            long* const out = call.args.next<long>();
+            if (!cur.var.compressed()) {
+                *out = 0;
+                return NA_FOR_VARIABLE;
+            }
+            *out = static_cast<long>(cur.var.reserve_percent);
+            return CDF_OK;
+        }
+        case zVAR_CACHESIZE_: {
+            long* const out = call.args.next<long>();
+            if (cur.cdf.file->single_file()) return SINGLE_FILE_FORMAT;
+            *out = 1;
+            return CDF_OK;
+        }
+        default:
+            return kNotHandled;
+    }
+}
+
+std::optional<long> find_var(const OpenCdf& cdf, const char* name) {
+    if (name == nullptr) return std::nullopt;
+    for (std::size_t i = 0; i < zvar_count(cdf); ++i) {
+        const auto ref = zvar_ref(cdf, static_cast<long>(i));
+        if (same_name(cdf.file->variables(ref->z)[ref->index].vdr.name, name)) {
+            return static_cast<long>(i);
+        }
+    }
+    return std::nullopt;
+}
+
+bool needs_var(long op, long item) {
+    switch (op) {
+        case GET_:
+            return item == zVAR_NAME_ || item == zVAR_DATATYPE_ || item == zVAR_NUMELEMS_ ||
+                   item == zVAR_NUMDIMS_ || item == zVAR_DIMSIZES_ || item == zVAR_DIMVARYS_ ||
+                   item == zVAR_RECVARY_ || item == zVAR_MAXREC_ || item == zVAR_NUMRECS_ ||
+                   item == zVAR_NUMallocRECS_ || item == zVAR_MAXallocREC_ ||
+                   item == zVAR_BLOCKINGFACTOR_ || item == zVAR_SPARSERECORDS_ ||
+                   item == zVAR_COMPRESSION_ || item == zVAR_PADVALUE_;
+        case PUT_:
+            return item == zVAR_NAME_ || item == zVAR_PADVALUE_ || item == zVAR_BLOCKINGFACTOR_ ||
+                   item == zVAR_SPARSERECORDS_ || item == zVAR_COMPRESSION_;
+        case SELECT_:
+            return item == zVAR_RECNUMBER_ || item == zVAR_RECCOUNT_ || item == zVAR_RECINTERVAL_ ||
+                   item == zVAR_DIMINDICES_ || item == zVAR_DIMCOUNTS_ ||
+                   item == zVAR_DIMINTERVALS_ || item == zVAR_RESERVEPERCENT_ ||
+                   item == zVAR_CACHESIZE_;
+        case CONFIRM_:
+            return item == zVAR_RECNUMBER_ || item == zVAR_RECCOUNT_ || item == zVAR_RECINTERVAL_ ||
+                   item == zVAR_DIMINDICES_ || item == zVAR_DIMCOUNTS_ ||
+                   item == zVAR_DIMINTERVALS_ || item == zVAR_PADVALUE_ ||
+                   item == zVAR_RESERVEPERCENT_ || item == zVAR_CACHESIZE_;
+        case DELETE_:
+        case CLOSE_:
+            return item == zVAR_;
+        default:
+            return false;
+    }
+}
+
+CDFstatus handle_without_current(long op, long item, Call& call, OpenCdf& cdf) {
+    if (op == SELECT_ && item == zVAR_) {
+        const long number = call.args.next_long();
+        if (number < 0) return BAD_VAR_NUM;
+        if (!zvar_ref(cdf, number)) return NO_SUCH_VAR;
+        cdf.cur_zvar = number;
+        return CDF_OK;
+    }
+    if (op == SELECT_ && item == zVARs_RECNUMBER_) {
+        const long number = call.args.next_long();
+        if (number < 0) return BAD_REC_NUM;
+        for (const bool z : {false, true}) {
+            for (auto& sel : cdf.selections(z)) sel.rec_number = number;
+        }
+        return CDF_OK;
+    }
+    if (op == CONFIRM_ && item == zVAR_) {
+        if (!cdf.cur_zvar) return NO_VAR_SELECTED;
+        return put_long(call, *cdf.cur_zvar);
+    }
+    if (op == CREATE_ && item == zVAR_) return create_var(call, cdf);
+    if (op == CONFIRM_ && item == zVAR_EXISTENCE_) {
+        return find_var(cdf, call.args.next<char>()) ? CDF_OK : NO_SUCH_VAR;
+    }
+    if (op == GET_ && item == zVAR_NUMBER_) {
+        const char* const name = call.args.next<char>();
+        long* const out = call.args.next<long>();
+        const auto number = find_var(cdf, name);
+        if (!number) return NO_SUCH_VAR;
+        *out = *number;
+        return CDF_OK;
+    }
+    return kNotHandled;
+}
+
+bool is_without_current(long op, long item) {
+    return (op == SELECT_ && (item == zVAR_ || item == zVARs_RECNUMBER_)) ||
+           (op == CONFIRM_ && (item == zVAR_ || item == zVAR_EXISTENCE_)) ||
+           (op == CREATE_ && item == zVAR_) || (op == GET_ && item == zVAR_NUMBER_);
+}
+
+}  // namespace
+
+CDFstatus handle_variable_item(long op, long item, Call& call) {
+    const bool without = is_without_current(op, item);
+    if (!without && !needs_var(op, item)) return kNotHandled;
+    OpenCdf* const cdf = call.cdf();
+    if (cdf == nullptr) return NO_CDF_SELECTED;
+    if (without) return handle_without_current(op, item, call, *cdf);
+    std::optional<Current> cur;
+    if (const CDFstatus s = current_var(*cdf, cur); s != CDF_OK) return s;
+    switch (op) {
+        case GET_:
+            return handle_get(item, call, *cur);
+        case PUT_:
+            return handle_put(item, call, *cur);
+        case SELECT_:
+            return select_in_var(item, call, *cur);
+        case CONFIRM_:
+            return confirm_in_var(item, call, *cur);
+        case DELETE_:
+            return delete_var(*cur);
+        default:  // CLOSE_
+            return cdf->file->single_file() ? SINGLE_FILE_FORMAT : CDF_OK;
+    }
+}
+
+}  // namespace cdfgate::engine::api

@@ -1,0 +1,105 @@
+// A variable's record index held in memory: the VXR tree as nodes, and its leaf
+// slots flattened into blocks in record order for lookups. Loaded once from the
+// file (bounded: a looping, oversized or unordered index is a corrupted file) and
+// kept in step with the file by every change made through it.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "io/status.h"
+
+namespace cdfgate::engine::store {
+
+class CdfFile;
+struct Variable;
+
+// An allocated run of records: the VVR (or CVVR) holding records first..last.
+struct Block {
+    std::int64_t first = 0;
+    std::int64_t last = 0;
+    std::int64_t offset = 0;  // of the VVR or CVVR
+    std::int64_t size = 0;    // its RecordSize
+    std::int32_t type = 0;    // format::kVvr or format::kCvvr
+
+    std::int64_t count() const { return last - first + 1; }
+};
+
+// One VXR. Each used slot covers records first..last and points at a VVR or CVVR
+// (leaf slot) or at a chain of lower VXRs (index slot).
+struct NodeSlot {
+    std::int64_t first = 0;
+    std::int64_t last = 0;
+    std::int64_t target = 0;         // offset of the VVR, CVVR or first lower VXR
+    std::vector<std::size_t> chain;  // node numbers of the lower chain; empty for leaf slots
+};
+
+struct IndexNode {
+    std::int64_t offset = 0;
+    std::int64_t next = 0;  // VXRnext as stored
+    std::int32_t n_entries = 0;
+    std::vector<NodeSlot> slots;  // the used ones
+
+    bool full() const { return slots.size() >= static_cast<std::size_t>(n_entries); }
+    bool leaf() const { return slots.empty() || slots.front().chain.empty(); }
+};
+
+class RecordIndex {
+  public:
+    bool loaded() const { return loaded_; }
+    // Forgets everything; the next access loads the index from the file again.
+    void reset() { *this = RecordIndex{}; }
+
+    // Reads the VXR tree of var (nothing to do once loaded). The records of a VVR
+    // must fit in it given record_bytes; slots must be ordered and disjoint.
+    Status load(const CdfFile& cdf, const Variable& var, std::int64_t record_bytes);
+
+    std::span<const Block> blocks() const { return blocks_; }
+    // The block holding record, or nullptr.
+    const Block* find(std::int64_t record) const;
+    // Position of the first block whose last record is >= record (blocks().size() if none).
+    std::size_t lower_bound(std::int64_t record) const;
+    // Highest allocated record, -1 when nothing is allocated.
+    std::int64_t max_allocated() const { return blocks_.empty() ? -1 : blocks_.back().last; }
+    std::int64_t allocated_count() const;
+
+    // Allocates records first..last (above every allocated record) in a new VVR,
+    // the way the reference library does: a new leaf VXR goes before the VVR, new
+    // index VXRs after it; 7-slot leaves, 3-slot index levels. Writes the VVR's
+    // header and every changed VXR and updates var's VXRhead/VXRtail. The records'
+    // bytes are left to the caller.
+    Status add_block(CdfFile& cdf, Variable& var, std::int64_t first, std::int64_t last,
+                     std::int64_t record_bytes);
+    // Grows the last block to end at new_last when its VVR ends where the file's
+    // used space ends; false in extended when it cannot.
+    Status extend_last_block(CdfFile& cdf, std::int64_t new_last, std::int64_t record_bytes,
+                             bool& extended);
+
+    // The VXRs (for tests): node numbers of the chain hanging from VXRhead.
+    std::span<const IndexNode> nodes() const { return nodes_; }
+    std::span<const std::size_t> top_chain() const { return top_; }
+
+  private:
+    friend struct IndexLoader;
+
+    // Node numbers from the last node of the top chain down to the tail leaf.
+    std::vector<std::size_t> rightmost_path() const;
+    std::vector<std::size_t>& chain_at(const std::vector<std::size_t>& path, std::size_t depth);
+    std::size_t new_node(CdfFile& cdf, std::int32_t n_entries);
+    Status write_node(CdfFile& cdf, std::size_t node) const;
+    // Makes the last slots along path span their chains again; writes changed nodes.
+    Status refresh_path(CdfFile& cdf, const std::vector<std::size_t>& path);
+    // Covers members with new 3-slot index nodes chained together; returns them.
+    Status group(CdfFile& cdf, const std::vector<std::size_t>& members,
+                 std::vector<std::size_t>& out);
+    Status rebalance(CdfFile& cdf, Variable& var, const std::vector<std::size_t>& path,
+                     std::size_t depth);
+
+    bool loaded_ = false;
+    std::vector<Block> blocks_;
+    std::vector<IndexNode> nodes_;
+    std::vector<std::size_t> top_;  // chain from VXRhead
+};
+
+}  // namespace cdfgate::engine::store

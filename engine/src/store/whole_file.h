@@ -1,0 +1,21 @@
+// Whole-file compression: the file holds a CCR with the compressed image of an
+// ordinary CDF; the engine works on an expanded scratch copy while it is open.
+#pragma once
+
+#include <string>
+
+#include "format/records.h"
+#include "io/file.h"
+
+namespace cdfgate::engine::store {
+
+class CdfFile;
+
+// Replaces file (the compressed CDF) by a scratch file holding the expanded image;
+// cpr receives the compression found, percent the compressed size in percent.
+Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, long& percent);
+// Writes the image of scratch (up to eof) compressed with cpr into path.
+Status compress_whole_file(const io::File& scratch, std::int64_t eof, const format::Cpr& cpr,
+                           format::Layout layout, const std::string& path);
+
+}  // namespace cdfgate::engine::store

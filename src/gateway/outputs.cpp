@@ -1,5 +1,6 @@
 #include "gateway/outputs.h"
 
+#include <algorithm>
 #include <array>
 
 namespace cdfgate::gateway {
@@ -26,6 +27,14 @@ matrix::array_ptr createDoubleScalar(double value) {
 
 matrix::array_ptr createString(std::string_view text) {
     return matrix::create(text.data(), text.size());
+}
+
+void setOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr value) {
+    if (index == 0 || index < nlhs) plhs[index] = std::move(value);
+}
+
+void placeOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr array) {
+    if (index < std::max(nlhs, 1)) plhs[index] = std::move(array);
 }
 
 }  // namespace cdfgate::gateway

@@ -13,4 +13,12 @@ matrix::array_ptr createDoubleScalar(double value);
 // 1-by-n character array of the text's bytes.
 matrix::array_ptr createString(std::string_view text);
 
+// Moves `array` into output slot `index` when the host offered that slot (it offers at
+// least one, and at least nlhs); a result the host has no slot for is dropped.
+void placeOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr array);
+
+// Moves `value` into output slot `index` when the host offered that slot (a host
+// always offers at least one, however few results it asked for); drops it otherwise.
+void setOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr value);
+
 }  // namespace cdfgate::gateway

@@ -47,6 +47,8 @@ class BitReader {
     std::size_t position() const { return pos_; }
     void seek(std::size_t bit_pos) { pos_ = bit_pos; }
     bool overrun() const { return pos_ > total_bits_; }
+    // Bits left before the end of the input (0 once past it).
+    std::size_t exact_bits_ahead() const { return pos_ < total_bits_ ? total_bits_ - pos_ : 0; }
 
   private:
     static std::uint64_t byteswap64(std::uint64_t v) { return __builtin_bswap64(v); }

@@ -159,6 +159,20 @@ class Decoder {
             return Result::Ok;
         }
         for (;;) {
+            // Fast path: up to four short codes per window, far from both ends.
+            if (reader_.exact_bits_ahead() >= 64 && room - n >= 4) {
+                const std::uint64_t window = reader_.peek();
+                unsigned used = 0;
+                int k = 0;
+                for (; k < 4; ++k) {  // 4 * kTableBits + kTableBits <= 57
+                    const Entry e = table_[(window << used) >> (64 - kTableBits)];
+                    if (!e.leaf || e.node == kEos) break;
+                    dst[n++] = static_cast<std::uint8_t>(e.node);
+                    used += e.len;
+                }
+                reader_.skip(used);
+                if (k == 4) continue;
+            }
             const std::size_t start = reader_.position();
             const int sym = next_symbol();
             if (reader_.overrun()) return Result::Truncated;

@@ -82,14 +82,12 @@ std::vector<std::uint8_t> serialize_uir(const Uir& uir, std::int64_t size, Layou
         // Too small to link: size and type only, on no list.
         w.offset(size);
         w.i32(kUir);
-        out.resize(static_cast<std::size_t>(size), 0);
         return out;
     }
     w.offset(size);
     w.i32(kUir);
     w.offset(uir.next);
     w.offset(uir.prev);
-    out.resize(static_cast<std::size_t>(size), 0);
     return out;
 }
 

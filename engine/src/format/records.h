@@ -125,7 +125,8 @@ bool parse_cpr(Bytes record, Layout layout, Cpr& out);
 std::vector<std::uint8_t> serialize_cpr(const Cpr& cpr, Layout layout);
 
 bool parse_uir(Bytes record, Layout layout, Uir& out);
-// A UIR of the given size; sizes below the linked minimum give a bare UIR.
+// The header of a UIR of the given size (the bytes behind it are left as they
+// are); sizes below the linked minimum give a bare, unlinked UIR.
 std::vector<std::uint8_t> serialize_uir(const Uir& uir, std::int64_t size, Layout layout);
 std::int64_t uir_min_size(Layout layout);
 

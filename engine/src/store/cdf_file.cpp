@@ -71,6 +71,12 @@ void CdfFile::place(Placement& at, std::int64_t size) {
     at.size = size;
 }
 
+void CdfFile::leave_image(const Placement& at, const std::vector<std::uint8_t>& image) {
+    if (at.offset != 0 && static_cast<std::int64_t>(image.size()) == at.size) {
+        (void)write_record(at.offset, image);
+    }
+}
+
 void CdfFile::release(Placement& at) {
     if (at.offset != 0) space_.release(at.offset, at.size);
     at = Placement{};
@@ -120,6 +126,7 @@ Status CdfFile::delete_variable(bool z, std::size_t index) {
     if (index >= list.size()) return NO_SUCH_VAR;
     Variable& var = list[index];
     CDFGATE_TRY(release_variable_data(*this, var));
+    leave_image(var.at, format::serialize_vdr(var.vdr, layout_));
     release(var.at);
     release(var.cpr_at);
     list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
@@ -129,6 +136,9 @@ Status CdfFile::delete_variable(bool z, std::size_t index) {
         auto& entries = attr.entries(z);
         for (auto it = entries.begin(); it != entries.end();) {
             if (it->number == number) {
+                const std::size_t attr_index = static_cast<std::size_t>(&attr - attrs_.data());
+                leave_image(it->at,
+                            format::serialize_aedr(aedr_of(*it, attr_index, z, 0), layout_));
                 release(it->at);
                 it = entries.erase(it);
                 continue;
@@ -151,9 +161,14 @@ Status CdfFile::add_attribute(Attribute attribute) {
 Status CdfFile::delete_attribute(std::size_t index) {
     if (index >= attrs_.size()) return NO_SUCH_ATTR;
     Attribute& attr = attrs_[index];
+    leave_image(attr.at, format::serialize_adr(adr_of(attr, index, 0), layout_));
+    for (const bool z : {false, true}) {
+        for (Entry& e : attr.entries(z)) {
+            leave_image(e.at, format::serialize_aedr(aedr_of(e, index, z, 0), layout_));
+            release(e.at);
+        }
+    }
     release(attr.at);
-    for (Entry& e : attr.gr_entries) release(e.at);
-    for (Entry& e : attr.z_entries) release(e.at);
     attrs_.erase(attrs_.begin() + static_cast<std::ptrdiff_t>(index));
     touch();
     return kOk;
@@ -170,6 +185,7 @@ Status CdfFile::put_entry(std::size_t attr, bool z, std::int32_t number, std::in
         entry = &list.back();
     }
     if (entry->at.size != size) {
+        leave_image(entry->at, format::serialize_aedr(aedr_of(*entry, attr, z, 0), layout_));
         release(entry->at);
         place(entry->at, size);
     }
@@ -186,6 +202,7 @@ Status CdfFile::delete_entry(std::size_t attr, bool z, std::int32_t number) {
     const auto it = std::find_if(list.begin(), list.end(),
                                  [number](const Entry& e) { return e.number == number; });
     if (it == list.end()) return NO_SUCH_ENTRY;
+    leave_image(it->at, format::serialize_aedr(aedr_of(*it, attr, z, 0), layout_));
     release(it->at);
     list.erase(it);
     touch();

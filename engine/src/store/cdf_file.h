@@ -21,6 +21,10 @@ struct CreateOptions {
     std::vector<std::int32_t> r_dim_sizes;
 };
 
+// The descriptors of an attribute and an entry as they are saved.
+format::Adr adr_of(const Attribute& attr, std::size_t index, std::int64_t next);
+format::Aedr aedr_of(const Entry& entry, std::size_t attr_index, bool z, std::int64_t next);
+
 class CdfFile {
   public:
     // Opens the CDF stored at path (the name already resolved to a file).
@@ -102,6 +106,9 @@ class CdfFile {
     Status save();
     Status write_record(std::int64_t offset, const std::vector<std::uint8_t>& bytes);
     void place(Placement& at, std::int64_t size);
+    // Writes a record's last contents before its space is freed: a UIR keeps
+    // the bytes behind its header.
+    void leave_image(const Placement& at, const std::vector<std::uint8_t>& image);
     void release(Placement& at);
 
     std::string path_;

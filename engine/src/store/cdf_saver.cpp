@@ -16,6 +16,33 @@ std::int64_t next_offset(const std::vector<T>& list, std::size_t i) {
 
 }  // namespace
 
+format::Aedr aedr_of(const Entry& entry, std::size_t attr_index, bool z, std::int64_t next) {
+    format::Aedr aedr;
+    aedr.z = z;
+    aedr.next = next;
+    aedr.attr_num = static_cast<std::int32_t>(attr_index);
+    aedr.data_type = entry.data_type;
+    aedr.num = entry.number;
+    aedr.num_elems = entry.num_elems;
+    aedr.value = entry.value;
+    return aedr;
+}
+
+format::Adr adr_of(const Attribute& attr, std::size_t index, std::int64_t next) {
+    format::Adr adr;
+    adr.next = next;
+    adr.scope = attr.scope;
+    adr.num = static_cast<std::int32_t>(index);
+    adr.name = attr.name;
+    for (const bool z : {false, true}) {
+        const auto& entries = attr.entries(z);
+        (z ? adr.az_head : adr.agr_head) = entries.empty() ? 0 : entries.front().at.offset;
+        (z ? adr.nz_entries : adr.ngr_entries) = static_cast<std::int32_t>(entries.size());
+        (z ? adr.max_z_entry : adr.max_gr_entry) = attr.max_entry(z);
+    }
+    return adr;
+}
+
 Status CdfFile::save() {
     if (!file_.writable()) return CDF_WRITE_ERROR;
     const format::Layout layout = layout_;
@@ -45,32 +72,18 @@ Status CdfFile::save() {
 
     for (std::size_t a = 0; a < attrs_.size(); ++a) {
         Attribute& attr = attrs_[a];
-        format::Adr adr;
-        adr.next = next_offset(attrs_, a);
-        adr.scope = attr.scope;
-        adr.num = static_cast<std::int32_t>(a);
-        adr.name = attr.name;
         for (const bool z : {false, true}) {
-            auto& entries = attr.entries(z);
+            const auto& entries = attr.entries(z);
             for (std::size_t i = 0; i < entries.size(); ++i) {
-                format::Aedr aedr;
-                aedr.z = z;
-                aedr.next = next_offset(entries, i);
-                aedr.attr_num = static_cast<std::int32_t>(a);
-                aedr.data_type = entries[i].data_type;
-                aedr.num = entries[i].number;
-                aedr.num_elems = entries[i].num_elems;
-                aedr.value = entries[i].value;
                 CDFGATE_TRY(
-                    write_record(entries[i].at.offset, format::serialize_aedr(aedr, layout)));
+                    write_record(entries[i].at.offset,
+                                 format::serialize_aedr(
+                                     aedr_of(entries[i], a, z, next_offset(entries, i)), layout)));
             }
-            const std::int64_t head = entries.empty() ? 0 : entries.front().at.offset;
-            const auto count = static_cast<std::int32_t>(entries.size());
-            (z ? adr.az_head : adr.agr_head) = head;
-            (z ? adr.nz_entries : adr.ngr_entries) = count;
-            (z ? adr.max_z_entry : adr.max_gr_entry) = attr.max_entry(z);
         }
-        CDFGATE_TRY(write_record(attr.at.offset, format::serialize_adr(adr, layout)));
+        CDFGATE_TRY(
+            write_record(attr.at.offset,
+                         format::serialize_adr(adr_of(attr, a, next_offset(attrs_, a)), layout)));
     }
 
     // Freed blocks: linked UIRs in ascending order; blocks too small stay unlinked.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "format/records.h"
+#include "store/record_index.h"
 
 namespace cdfgate::engine::store {
 
@@ -48,6 +49,8 @@ struct Variable {
     std::optional<format::Cpr> cpr;  // when vdr.flags has kVdrCompressed
     Placement cpr_at;
     std::int64_t reserve_percent = 0;
+    // The record index in memory, loaded by the data layer on first access.
+    RecordIndex index;
 
     bool z() const { return vdr.z; }
     bool rec_vary() const { return (vdr.flags & format::kVdrRecVary) != 0; }

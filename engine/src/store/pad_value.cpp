@@ -1,5 +1,6 @@
 #include "store/pad_value.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "encoding/data_types.h"
@@ -36,6 +37,14 @@ void fill_values(std::uint8_t* out, std::int64_t count, const std::vector<std::u
         const std::size_t n = filled < total - filled ? filled : total - filled;
         std::memcpy(out + filled * size, out, n * size);
         filled += n;
+    }
+}
+
+void blank_after_zero(std::uint8_t* values, std::int64_t count, std::int64_t value_bytes) {
+    for (std::int64_t v = 0; v < count; ++v) {
+        std::uint8_t* const value = values + v * value_bytes;
+        std::uint8_t* const end = value + value_bytes;
+        std::fill(std::find(value, end, std::uint8_t{0}), end, std::uint8_t{' '});
     }
 }
 

@@ -21,4 +21,8 @@ std::vector<std::uint8_t> stored_pad(const CdfFile& cdf, const Variable& var);
 // Fills count values at out with the value of value_bytes bytes at pad.
 void fill_values(std::uint8_t* out, std::int64_t count, const std::vector<std::uint8_t>& pad);
 
+// Turns every byte from the first zero byte to the end of each of count character
+// values (value_bytes long) into a blank.
+void blank_after_zero(std::uint8_t* values, std::int64_t count, std::int64_t value_bytes);
+
 }  // namespace cdfgate::engine::store

@@ -61,11 +61,15 @@ struct IndexLoader {
         if (!format::parse_header(head, cdf.layout(), h)) return cdf.corrupted_status();
         if (h.type == format::kVxr) return chain(target, depth + 1, out.chain);
         if (h.type != format::kVvr && h.type != format::kCvvr) return cdf.corrupted_status();
-        if (h.size < header || h.size > file_size - target) return cdf.corrupted_status();
-        const std::int64_t count = static_cast<std::int64_t>(last) - first + 1;
-        if (h.type == format::kVvr && record_bytes > 0 &&
-            count > (h.size - header) / record_bytes) {
-            return cdf.corrupted_status();
+        if (h.size < header) return cdf.corrupted_status();
+        // A CVVR may end past the end of the file inside its unused slack; its
+        // payload is checked when it is read.
+        if (h.type == format::kVvr) {
+            const std::int64_t count = static_cast<std::int64_t>(last) - first + 1;
+            if (h.size > file_size - target ||
+                (record_bytes > 0 && count > (h.size - header) / record_bytes)) {
+                return cdf.corrupted_status();
+            }
         }
         if (!index.blocks_.empty() && index.blocks_.back().last >= first) {
             return cdf.corrupted_status();

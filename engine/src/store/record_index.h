@@ -45,6 +45,12 @@ struct IndexNode {
     bool leaf() const { return slots.empty() || slots.front().chain.empty(); }
 };
 
+// The decompressed records of the CVVR read last.
+struct BlockCache {
+    std::int64_t offset = 0;  // of the CVVR; 0 when empty
+    std::vector<std::uint8_t> bytes;
+};
+
 class RecordIndex {
   public:
     bool loaded() const { return loaded_; }
@@ -76,6 +82,8 @@ class RecordIndex {
     Status extend_last_block(CdfFile& cdf, std::int64_t new_last, std::int64_t record_bytes,
                              bool& extended);
 
+    BlockCache& cache() { return cache_; }
+
     // The VXRs (for tests): node numbers of the chain hanging from VXRhead.
     std::span<const IndexNode> nodes() const { return nodes_; }
     std::span<const std::size_t> top_chain() const { return top_; }
@@ -100,6 +108,7 @@ class RecordIndex {
     std::vector<Block> blocks_;
     std::vector<IndexNode> nodes_;
     std::vector<std::size_t> top_;  // chain from VXRhead
+    BlockCache cache_;
 };
 
 }  // namespace cdfgate::engine::store

@@ -83,20 +83,20 @@ SlabPlan::SlabPlan(const DataShape& shape, const Hyperslab& slab) {
 
 template <bool kGather>
 void SlabPlan::walk(const std::uint8_t* from, std::uint8_t* to) const {
-    // kGather: from is the record, to the box; otherwise the reverse.
+    // kGather: from is the record's span, to the box; otherwise the reverse.
     if (n_loops_ == 0) {
         if constexpr (kGather) {
-            std::memcpy(to, from + base_, static_cast<std::size_t>(run_));
+            std::memcpy(to, from, static_cast<std::size_t>(run_));
         } else {
-            std::memcpy(to + base_, from, static_cast<std::size_t>(run_));
+            std::memcpy(to, from, static_cast<std::size_t>(run_));
         }
         return;
     }
     const Loop inner = loops_[n_loops_ - 1];
     const std::size_t outer = n_loops_ - 1;
     std::array<std::int64_t, kMaxDims> at{};
-    std::int64_t offset = base_;  // in the record
-    std::int64_t packed = 0;      // in the box
+    std::int64_t offset = 0;  // in the span
+    std::int64_t packed = 0;  // in the box
     const std::int64_t inner_bytes = inner.count * run_;
     for (;;) {
         if constexpr (kGather) {
@@ -120,12 +120,12 @@ void SlabPlan::walk(const std::uint8_t* from, std::uint8_t* to) const {
     }
 }
 
-void SlabPlan::gather(const std::uint8_t* record, std::uint8_t* box) const {
-    walk<true>(record, box);
+void SlabPlan::gather(const std::uint8_t* span, std::uint8_t* box) const {
+    walk<true>(span, box);
 }
 
-void SlabPlan::scatter(const std::uint8_t* box, std::uint8_t* record) const {
-    walk<false>(box, record);
+void SlabPlan::scatter(const std::uint8_t* box, std::uint8_t* span) const {
+    walk<false>(box, span);
 }
 
 }  // namespace cdfgate::engine::store

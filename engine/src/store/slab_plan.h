@@ -14,7 +14,7 @@
 namespace cdfgate::engine::store {
 
 class SlabPlan {
-public:
+  public:
     // slab must have passed check_slab for shape.
     SlabPlan(const DataShape& shape, const Hyperslab& slab);
 
@@ -25,12 +25,13 @@ public:
     std::int64_t span_begin() const { return base_; }
     std::int64_t span_end() const { return span_end_; }
 
-    // Copies the box out of a stored record (record points at its first byte).
-    void gather(const std::uint8_t* record, std::uint8_t* box) const;
-    // Copies the box into a stored record.
-    void scatter(const std::uint8_t* box, std::uint8_t* record) const;
+    // Copies the box out of a stored record; span points at the record's byte
+    // span_begin() (so a caller may hold only the span).
+    void gather(const std::uint8_t* span, std::uint8_t* box) const;
+    // Copies the box into a stored record, span as for gather.
+    void scatter(const std::uint8_t* box, std::uint8_t* span) const;
 
-private:
+  private:
     struct Loop {
         std::int64_t count = 1;
         std::int64_t stride = 0;  // bytes in the stored record

@@ -1,8 +1,6 @@
 // Refusals of the file-family commands: every argument check in argument order, each
 // made before the CDF interface is called, and the function name each command reports
 // when the interface refuses it.
-#include <functional>
-
 #include "file_test_support.h"
 
 namespace cdfgate::testing {
@@ -11,494 +9,232 @@ namespace {
 using embedded::Array;
 using embedded::call;
 
-// Arguments after the command name; `id` stands for the file identifier.
-using ArgumentsOf = std::function<std::vector<Array>(const Array& id)>;
-
-struct Refusal {
-    const char* label;
-    const char* command;
-    ArgumentsOf arguments;
-    std::string identifier;
-    Arguments messageArguments;
-};
+// The file identifier followed by `rest`.
+std::vector<Array> withId(const Array& id, const std::vector<Array>& rest) {
+    std::vector<Array> arguments{id};
+    arguments.insert(arguments.end(), rest.begin(), rest.end());
+    return arguments;
+}
 
 Array text(const char* value) {
     return Array::text(value);
 }
 
-std::string notDouble() {
-    return validateId("argumentNotDoubleScalar");
+// Arguments after the file identifier; a number stands for a double scalar, "t" for
+// text (never accepted where a number is expected).
+std::vector<Array> after(std::initializer_list<const char*> values) {
+    std::vector<Array> arguments;
+    for (const char* value : values) {
+        arguments.push_back(value[0] == 't' ? text("7") : number(std::stod(value)));
+    }
+    return arguments;
+}
+
+struct Refusal {
+    const char* command;
+    std::vector<Array> rest;
+    std::string identifier;
+    Arguments messageArguments;
+};
+
+Refusal notDouble(const char* command, std::vector<Array> rest, const char* argumentName) {
+    return {command,
+            std::move(rest),
+            validateId("argumentNotDoubleScalar"),
+            {std::string(argumentName)}};
+}
+
+Refusal unknownCompression(const char* command, std::vector<Array> rest, std::int64_t type) {
+    return {command,
+            std::move(rest),
+            cdflibId("unrecognizedValue"),
+            {type, std::string("COMPRESSION")}};
+}
+
+Refusal badGzipLevel(std::int64_t level) {
+    return {"setCompression",
+            after({"5", std::to_string(level).c_str()}),
+            cdflibId("invalidCompressionParameter"),
+            {level, std::string("GZIP")}};
 }
 
 std::vector<Refusal> refusals() {
     return {
-        {"setCacheSize text",
-         "setCacheSize",
-         [](const Array& i) {
-             return std::vector{i, text("4")};
-         },
-         notDouble(),
-         {std::string("NUMBUFFERS")}},
-        {"setCompressionCacheSize text",
-         "setCompressionCacheSize",
-         [](const Array& i) {
-             return std::vector{i, text("4")};
-         },
-         notDouble(),
-         {std::string("NUMBUFFERS")}},
-        {"setStageCacheSize text",
-         "setStageCacheSize",
-         [](const Array& i) {
-             return std::vector{i, text("4")};
-         },
-         notDouble(),
-         {std::string("NUMBUFFERS")}},
-        {"setVarsCacheSize text",
-         "setVarsCacheSize",
-         [](const Array& i) {
-             return std::vector{i, text("4")};
-         },
-         notDouble(),
-         {std::string("NUMBUFFERS")}},
-        {"setFormat text",
-         "setFormat",
-         [](const Array& i) {
-             return std::vector{i, text("SINGLE_FILE")};
-         },
-         notDouble(),
-         {std::string("NUMBUFFERS")}},
-        {"setMajority text",
-         "setMajority",
-         [](const Array& i) {
-             return std::vector{i, text("ROW_MAJOR")};
-         },
-         notDouble(),
-         {std::string("MAJORITY")}},
-        {"setChecksum vector",
-         "setChecksum",
-         [](const Array& i) {
-             return std::vector{i, Array::of<double>({0, 1})};
-         },
-         notDouble(),
-         {std::string("MODE")}},
-        {"setReadOnlyMode int32",
-         "setReadOnlyMode",
-         [](const Array& i) {
-             return std::vector{i, Array::of<std::int32_t>({0})};
-         },
-         notDouble(),
-         {std::string("MODE")}},
-        {"setCompression text type",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, text("GZIP_COMPRESSION")};
-         },
-         notDouble(),
-         {std::string("TYPE")}},
-        {"setCompression type 4",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(4)};
-         },
-         cdflibId("unrecognizedValue"),
-         {std::int64_t{4}, std::string("COMPRESSION")}},
-        {"setCompression type 6",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(6)};
-         },
-         cdflibId("unrecognizedValue"),
-         {std::int64_t{6}, std::string("COMPRESSION")}},
-        {"setCompression type -1",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(-1)};
-         },
-         cdflibId("unrecognizedValue"),
-         {std::int64_t{-1}, std::string("COMPRESSION")}},
-        {"setCompression type before parameter",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(4), text("x")};
-         },
-         cdflibId("unrecognizedValue"),
-         {std::int64_t{4}, std::string("COMPRESSION")}},
-        {"setCompression text parameter",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(1), text("0")};
-         },
-         notDouble(),
-         {std::string("CPARM")}},
-        {"setCompression gzip without level",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(5)};
-         },
-         cdflibId("unspecifiedGzipCompressionLevel"),
-         {}},
-        {"setCompression gzip level 0",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(5), number(0)};
-         },
-         cdflibId("invalidCompressionParameter"),
-         {std::int64_t{0}, std::string("GZIP")}},
-        {"setCompression gzip level 10",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(5), number(10)};
-         },
-         cdflibId("invalidCompressionParameter"),
-         {std::int64_t{10}, std::string("GZIP")}},
-        {"setCompression gzip level -3",
-         "setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(5), number(-3)};
-         },
-         cdflibId("invalidCompressionParameter"),
-         {std::int64_t{-3}, std::string("GZIP")}},
-        {"setVarCompression text varnum",
-         "setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, text("0"), number(1)};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"setVarCompression text type",
-         "setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("1")};
-         },
-         notDouble(),
-         {std::string("CTYPE")}},
-        {"setVarCompression type 4",
-         "setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(4), number(0)};
-         },
-         cdflibId("unrecognizedValue"),
-         {std::int64_t{4}, std::string("COMPRESSION")}},
-        {"setVarCompression gzip without level",
-         "setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(5)};
-         },
-         cdflibId("unspecifiedGzipCompressionLevel"),
-         {}},
-        {"setVarCompression text parameter",
-         "setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(1), text("0")};
-         },
-         notDouble(),
-         {std::string("CPARM")}},
-        {"getVarCompression text varnum",
-         "getVarCompression",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"closeVar text varnum",
-         "closeVar",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("CDFID")}},
-        {"deleteVar text varnum",
-         "deleteVar",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"deleteVarRecords varnum",
-         "deleteVarRecords",
-         [](const Array& i) {
-             return std::vector{i, text("0"), number(0), number(1)};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"deleteVarRecords start",
-         "deleteVarRecords",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("0"), number(1)};
-         },
-         notDouble(),
-         {std::string("STARTREC")}},
-        {"deleteVarRecords end",
-         "deleteVarRecords",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(0), text("1")};
-         },
-         notDouble(),
-         {std::string("ENDREC")}},
-        {"getVarName",
-         "getVarName",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"renameVar varnum",
-         "renameVar",
-         [](const Array& i) {
-             return std::vector{i, text("0"), text("x")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarAllocRecords",
-         "getVarAllocRecords",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarBlockingFactor",
-         "getVarBlockingFactor",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarReservePercent",
-         "getVarReservePercent",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarMaxAllocRecNum",
-         "getVarMaxAllocRecNum",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarMaxWrittenRecNum",
-         "getVarMaxWrittenRecNum",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarNumRecsWritten",
-         "getVarNumRecsWritten",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"getVarSparseRecords",
-         "getVarSparseRecords",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"setVarAllocBlockRecords start",
-         "setVarAllocBlockRecords",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("0"), number(1)};
-         },
-         notDouble(),
-         {std::string("RECSTART")}},
-        {"setVarAllocBlockRecords stop",
-         "setVarAllocBlockRecords",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(0), text("1")};
-         },
-         notDouble(),
-         {std::string("RECSTOP")}},
-        {"setVarBlockingFactor",
-         "setVarBlockingFactor",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("8")};
-         },
-         notDouble(),
-         {std::string("BLOCKINGFACTOR")}},
-        {"setVarInitialRecs",
-         "setVarInitialRecs",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("8")};
-         },
-         notDouble(),
-         {std::string("NUMRECS")}},
-        {"setVarReservePercent",
-         "setVarReservePercent",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("8")};
-         },
-         notDouble(),
-         {std::string("PERCENT")}},
-        {"setVarSparseRecords",
-         "setVarSparseRecords",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("1")};
-         },
-         notDouble(),
-         {std::string("STYPE")}},
-        {"getVarCacheSize varnum before format",
-         "getVarCacheSize",
-         [](const Array& i) {
-             return std::vector{i, text("0")};
-         },
-         notDouble(),
-         {std::string("VARNUM")}},
-        {"setVarCacheSize buffers before format",
-         "setVarCacheSize",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("4")};
-         },
-         notDouble(),
-         {std::string("NUMBUFFERS")}},
+        notDouble("setCacheSize", after({"t"}), "NUMBUFFERS"),
+        notDouble("setCompressionCacheSize", after({"t"}), "NUMBUFFERS"),
+        notDouble("setStageCacheSize", after({"t"}), "NUMBUFFERS"),
+        notDouble("setVarsCacheSize", after({"t"}), "NUMBUFFERS"),
+        // The format shares the cache setters' argument name.
+        notDouble("setFormat", after({"t"}), "NUMBUFFERS"),
+        notDouble("setMajority", after({"t"}), "MAJORITY"),
+        notDouble("setChecksum", {Array::of<double>({0, 1})}, "MODE"),
+        notDouble("setReadOnlyMode", {Array::of<std::int32_t>({0})}, "MODE"),
+        notDouble("setCompression", after({"t"}), "TYPE"),
+        unknownCompression("setCompression", after({"4"}), 4),
+        unknownCompression("setCompression", after({"6"}), 6),
+        unknownCompression("setCompression", after({"-1"}), -1),
+        unknownCompression("setCompression", after({"4", "t"}), 4),  // type before CPARM
+        notDouble("setCompression", after({"1", "t"}), "CPARM"),
+        {"setCompression", after({"5"}), cdflibId("unspecifiedGzipCompressionLevel"), {}},
+        badGzipLevel(0),
+        badGzipLevel(10),
+        badGzipLevel(-3),
+        notDouble("setVarCompression", after({"t", "1"}), "VARNUM"),
+        notDouble("setVarCompression", after({"0", "t"}), "CTYPE"),
+        unknownCompression("setVarCompression", after({"0", "4", "0"}), 4),
+        {"setVarCompression", after({"0", "5"}), cdflibId("unspecifiedGzipCompressionLevel"), {}},
+        notDouble("setVarCompression", after({"0", "1", "t"}), "CPARM"),
+        notDouble("getVarCompression", after({"t"}), "VARNUM"),
+        // The variable number is reported under the identifier's name.
+        notDouble("closeVar", after({"t"}), "CDFID"),
+        notDouble("deleteVar", after({"t"}), "VARNUM"),
+        notDouble("deleteVarRecords", after({"t", "0", "1"}), "VARNUM"),
+        notDouble("deleteVarRecords", after({"0", "t", "1"}), "STARTREC"),
+        notDouble("deleteVarRecords", after({"0", "0", "t"}), "ENDREC"),
+        notDouble("getVarName", after({"t"}), "VARNUM"),
+        notDouble("renameVar", {text("0"), text("x")}, "VARNUM"),
+        notDouble("getVarAllocRecords", after({"t"}), "VARNUM"),
+        notDouble("getVarBlockingFactor", after({"t"}), "VARNUM"),
+        notDouble("getVarReservePercent", after({"t"}), "VARNUM"),
+        notDouble("getVarMaxAllocRecNum", after({"t"}), "VARNUM"),
+        notDouble("getVarMaxWrittenRecNum", after({"t"}), "VARNUM"),
+        notDouble("getVarNumRecsWritten", after({"t"}), "VARNUM"),
+        notDouble("getVarSparseRecords", after({"t"}), "VARNUM"),
+        notDouble("setVarAllocBlockRecords", after({"t", "0", "1"}), "VARNUM"),
+        notDouble("setVarAllocBlockRecords", after({"0", "t", "1"}), "RECSTART"),
+        notDouble("setVarAllocBlockRecords", after({"0", "0", "t"}), "RECSTOP"),
+        notDouble("setVarBlockingFactor", after({"0", "t"}), "BLOCKINGFACTOR"),
+        notDouble("setVarInitialRecs", after({"0", "t"}), "NUMRECS"),
+        notDouble("setVarReservePercent", after({"0", "t"}), "PERCENT"),
+        notDouble("setVarSparseRecords", after({"0", "t"}), "STYPE"),
+        // Both cache commands convert every argument before asking for the format.
+        notDouble("getVarCacheSize", after({"t"}), "VARNUM"),
+        notDouble("setVarCacheSize", after({"t", "4"}), "VARNUM"),
+        notDouble("setVarCacheSize", after({"0", "t"}), "NUMBUFFERS"),
     };
 }
 
 TEST(FileCommandArguments, EachBadArgumentIsRefusedBeforeTheLibraryIsCalled) {
     const UnissuedHandle handle;
     for (const Refusal& refusal : refusals()) {
-        SCOPED_TRACE(refusal.label);
-        std::vector<Array> arguments = refusal.arguments(handle.id());
-        expectHostError([&] { call(refusal.command, arguments, 1); }, refusal.identifier,
-                        refusal.messageArguments);
+        SCOPED_TRACE(refusal.command);
+        expectHostError([&] { call(refusal.command, withId(handle.id(), refusal.rest), 1); },
+                        refusal.identifier, refusal.messageArguments);
     }
 }
 
+struct Command {
+    const char* name;
+    int argumentCount;
+};
+
+constexpr Command kFileCommands[] = {
+    {"close", 1},
+    {"delete", 1},
+    {"getCacheSize", 1},
+    {"setCacheSize", 2},
+    {"getCompressionCacheSize", 1},
+    {"setCompressionCacheSize", 2},
+    {"getStageCacheSize", 1},
+    {"setStageCacheSize", 2},
+    {"setVarsCacheSize", 2},
+    {"getFormat", 1},
+    {"setFormat", 2},
+    {"getMajority", 1},
+    {"setMajority", 2},
+    {"getChecksum", 1},
+    {"setChecksum", 2},
+    {"getReadOnlyMode", 1},
+    {"setReadOnlyMode", 2},
+    {"getVersion", 1},
+    {"getCopyright", 1},
+    {"getName", 1},
+    {"getVarsMaxWrittenRecNum", 1},
+    {"inquire", 1},
+    {"getCompression", 1},
+    {"setCompression", 2},
+    {"getVarCompression", 2},
+    {"setVarCompression", 3},
+    {"closeVar", 2},
+    {"deleteVar", 2},
+    {"deleteVarRecords", 4},
+    {"getVarName", 2},
+    {"getVarNum", 2},
+    {"renameVar", 3},
+    {"getVarAllocRecords", 2},
+    {"getVarBlockingFactor", 2},
+    {"getVarReservePercent", 2},
+    {"getVarMaxAllocRecNum", 2},
+    {"getVarMaxWrittenRecNum", 2},
+    {"getVarNumRecsWritten", 2},
+    {"getVarSparseRecords", 2},
+    {"setVarAllocBlockRecords", 4},
+    {"setVarBlockingFactor", 3},
+    {"setVarInitialRecs", 3},
+    {"setVarReservePercent", 3},
+    {"setVarSparseRecords", 3},
+    {"getVarCacheSize", 2},
+    {"setVarCacheSize", 3},
+};
+
 TEST(FileCommandArguments, EveryFileCommandChecksItsIdentifierFirst) {
-    const char* const commands[][2] = {
-        {"close", "1"},
-        {"delete", "1"},
-        {"getCacheSize", "1"},
-        {"setCacheSize", "2"},
-        {"getCompressionCacheSize", "1"},
-        {"setCompressionCacheSize", "2"},
-        {"getStageCacheSize", "1"},
-        {"setStageCacheSize", "2"},
-        {"setVarsCacheSize", "2"},
-        {"getFormat", "1"},
-        {"setFormat", "2"},
-        {"getMajority", "1"},
-        {"setMajority", "2"},
-        {"getChecksum", "1"},
-        {"setChecksum", "2"},
-        {"getReadOnlyMode", "1"},
-        {"setReadOnlyMode", "2"},
-        {"getVersion", "1"},
-        {"getCopyright", "1"},
-        {"getName", "1"},
-        {"getVarsMaxWrittenRecNum", "1"},
-        {"inquire", "1"},
-        {"getCompression", "1"},
-        {"setCompression", "2"},
-        {"getVarCompression", "2"},
-        {"setVarCompression", "3"},
-        {"closeVar", "2"},
-        {"deleteVar", "2"},
-        {"deleteVarRecords", "4"},
-        {"getVarName", "2"},
-        {"getVarNum", "2"},
-        {"renameVar", "3"},
-        {"getVarAllocRecords", "2"},
-        {"getVarBlockingFactor", "2"},
-        {"getVarReservePercent", "2"},
-        {"getVarMaxAllocRecNum", "2"},
-        {"getVarMaxWrittenRecNum", "2"},
-        {"getVarNumRecsWritten", "2"},
-        {"getVarSparseRecords", "2"},
-        {"setVarAllocBlockRecords", "4"},
-        {"setVarBlockingFactor", "3"},
-        {"setVarInitialRecs", "3"},
-        {"setVarReservePercent", "3"},
-        {"setVarSparseRecords", "3"},
-        {"getVarCacheSize", "2"},
-        {"setVarCacheSize", "3"},
-    };
-    for (const auto& [command, count] : commands) {
-        SCOPED_TRACE(command);
+    for (const Command& command : kFileCommands) {
+        SCOPED_TRACE(command.name);
         // Every later argument is bad too: the identifier must be the one reported.
-        const auto withFirst = [&](Array first) {
-            std::vector<Array> arguments{std::move(first)};
-            for (int i = 1; i < std::stoi(count); ++i) arguments.push_back(Array::of<bool>({true}));
-            return arguments;
-        };
-        expectHostError([&] { call(command, withFirst(number(UnissuedHandle::kValue)), 1); },
+        const std::vector<Array> rest(command.argumentCount - 1, Array::of<bool>({true}));
+        expectHostError([&] { call(command.name, withId(number(UnissuedHandle::kValue), rest)); },
                         validateId("argumentNotUint64Scalar"), {std::string("CDFID")});
-        expectHostError([&] { call(command, withFirst(Array::uint64(0x7ead)), 1); },
+        expectHostError([&] { call(command.name, withId(Array::uint64(0x7ead), rest)); },
                         cdflibId("invalidFileId"));
     }
 }
 
 struct LibraryRefusal {
     const char* command;
-    ArgumentsOf arguments;
+    std::vector<Array> rest;
     const char* functionName;
 };
 
 std::vector<LibraryRefusal> libraryRefusals() {
-    const auto only = [](const Array& i) { return std::vector{i}; };
-    const auto var = [](const Array& i) { return std::vector{i, number(0)}; };
-    const auto value = [](const Array& i) { return std::vector{i, number(1)}; };
-    const auto varValue = [](const Array& i) { return std::vector{i, number(0), number(1)}; };
-    const auto varRange = [](const Array& i) {
-        return std::vector{i, number(0), number(0), number(1)};
-    };
+    const std::vector<Array> none;
+    const std::vector<Array> var = after({"0"});
+    const std::vector<Array> value = after({"1"});
+    const std::vector<Array> varValue = after({"0", "1"});
+    const std::vector<Array> varRange = after({"0", "0", "1"});
     return {
-        {"getCacheSize", only, "CDFgetCacheSize"},
+        {"getCacheSize", none, "CDFgetCacheSize"},
         {"setCacheSize", value, "CDFsetCacheSize"},
-        {"getCompressionCacheSize", only, "CDFgetCompressionCacheSize"},
+        {"getCompressionCacheSize", none, "CDFgetCompressionCacheSize"},
         {"setCompressionCacheSize", value, "CDFsetCompressionCacheSize"},
-        {"getStageCacheSize", only, "CDFgetStageCacheSize"},
+        {"getStageCacheSize", none, "CDFgetStageCacheSize"},
         {"setStageCacheSize", value, "CDFsetStageCacheSize"},
         {"setVarsCacheSize", value, "CDFsetzVarsCacheSize"},
-        {"getFormat", only, "CDFgetFormat"},
+        {"getFormat", none, "CDFgetFormat"},
         {"setFormat", value, "CDFsetFormat"},
-        {"getMajority", only, "CDFgetMajority"},
+        {"getMajority", none, "CDFgetMajority"},
         {"setMajority", value, "CDFsetMajority"},
-        {"getChecksum", only, "CDFgetChecksum"},
+        {"getChecksum", none, "CDFgetChecksum"},
         {"setChecksum", value, "CDFsetChecksum"},
-        {"getReadOnlyMode", only, "CDFgetReadOnlyMode"},
+        {"getReadOnlyMode", none, "CDFgetReadOnlyMode"},
         {"setReadOnlyMode", value, "CDFsetReadOnlyMode"},
-        {"getVersion", only, "CDFgetVersion"},
-        {"getCopyright", only, "CDFgetCopyright"},
-        {"getName", only, "CDFgetName"},
-        {"getVarsMaxWrittenRecNum", only, "CDFgetzVarsMaxWrittenRecNum"},
-        {"inquire", only, "CDFinquireCDF"},
-        {"getCompression", only, "CDFgetCompression"},
-        {"setCompression",
-         [](const Array& i) {
-             return std::vector{i, number(5), number(9)};
-         },
-         "CDFsetCompression"},
+        {"getVersion", none, "CDFgetVersion"},
+        {"getCopyright", none, "CDFgetCopyright"},
+        {"getName", none, "CDFgetName"},
+        {"getVarsMaxWrittenRecNum", none, "CDFgetzVarsMaxWrittenRecNum"},
+        {"inquire", none, "CDFinquireCDF"},
+        {"getCompression", none, "CDFgetCompression"},
+        {"setCompression", after({"5", "9"}), "CDFsetCompression"},
         {"getVarCompression", var, "CDFgetzVarCompression"},
         // Unlike the file's, a variable's gzip level is the library's to judge.
-        {"setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(5), number(0)};
-         },
-         "CDFsetzVarCompression"},
-        {"setVarCompression",
-         [](const Array& i) {
-             return std::vector{i, number(0), number(5), number(10)};
-         },
-         "CDFsetzVarCompression"},
+        {"setVarCompression", after({"0", "5", "0"}), "CDFsetzVarCompression"},
+        {"setVarCompression", after({"0", "5", "10"}), "CDFsetzVarCompression"},
         {"closeVar", var, "CDFclosezVar"},
         {"deleteVar", var, "CDFdeletezVar"},
         {"deleteVarRecords", varRange, "CDFdeletezVarRecords"},
         {"getVarName", var, "CDFgetzVarName"},
         // The look-up by name reports under the close's name.
-        {"getVarNum",
-         [](const Array& i) {
-             return std::vector{i, text("Var")};
-         },
-         "CDFclosezVar"},
-        {"renameVar",
-         [](const Array& i) {
-             return std::vector{i, number(0), text("new")};
-         },
-         "CDFrenamezVar"},
+        {"getVarNum", {text("Var")}, "CDFclosezVar"},
+        {"renameVar", {number(0), text("new")}, "CDFrenamezVar"},
         {"getVarAllocRecords", var, "CDFgetzVarAllocRecords"},
         {"getVarBlockingFactor", var, "CDFgetzVarBlockingFactor"},
         {"getVarReservePercent", var, "CDFgetzVarReservePercent"},
@@ -514,8 +250,8 @@ std::vector<LibraryRefusal> libraryRefusals() {
         // The variable cache commands ask for the format first.
         {"getVarCacheSize", var, "CDFgetFormat"},
         {"setVarCacheSize", varValue, "CDFgetFormat"},
-        {"close", only, "CDFcloseCDF"},
-        {"delete", only, "CDFdelete"},
+        {"close", none, "CDFcloseCDF"},
+        {"delete", none, "CDFdelete"},
     };
 }
 
@@ -524,7 +260,7 @@ TEST(FileCommandArguments, EachCommandReportsItsOwnFunctionNameWhenTheLibraryRef
     const std::string refusedId = statusText(BAD_CDF_ID);
     for (const LibraryRefusal& refusal : libraryRefusals()) {
         SCOPED_TRACE(refusal.command);
-        expectHostError([&] { call(refusal.command, refusal.arguments(handle.id()), 3); },
+        expectHostError([&] { call(refusal.command, withId(handle.id(), refusal.rest), 3); },
                         cdflibId("libraryFailure"), {std::string(refusal.functionName), refusedId});
     }
     // A refused close or delete leaves the identifier registered, so it can be retried.
@@ -534,6 +270,7 @@ TEST(FileCommandArguments, EachCommandReportsItsOwnFunctionNameWhenTheLibraryRef
 TEST(FileCommandArguments, NamesAreTakenAsTextOnly) {
     const UnissuedHandle handle;
     EXPECT_THROW(call("renameVar", {handle.id(), number(0), number(3)}, 0), std::logic_error);
+    EXPECT_THROW(call("getVarNum", {handle.id(), number(3)}), std::logic_error);
 }
 
 }  // namespace

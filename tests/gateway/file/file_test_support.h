@@ -93,4 +93,76 @@ inline embedded::Array call1(const std::string& command, std::vector<embedded::A
     return results.empty() ? embedded::Array() : std::move(results[0]);
 }
 
+// The engine-side handle behind a gateway identifier, for checks made directly
+// through the CDF interface.
+inline CDFid cdfIdOf(const embedded::Array& id) {
+    return reinterpret_cast<CDFid>(static_cast<std::uintptr_t>(id.data<std::uint64_t>()[0]));
+}
+
+// A file opened or created through the gateway. If a test ends with it still
+// registered (a failed assertion part-way), it is closed and unregistered so that
+// later tests see an empty registry.
+class GatewayFile {
+  public:
+    static GatewayFile open(const std::string& path) {
+        return GatewayFile(call1("open", {embedded::Array::text(path)}));
+    }
+    static GatewayFile create(const std::string& path) {
+        return GatewayFile(call1("create", {embedded::Array::text(path)}));
+    }
+    GatewayFile(GatewayFile&& other) noexcept : id_(std::move(other.id_)) {}
+    GatewayFile(const GatewayFile&) = delete;
+    GatewayFile& operator=(const GatewayFile&) = delete;
+    ~GatewayFile() {
+        if (!id_.hasArray()) return;
+        const std::uint64_t handle = id_.data<std::uint64_t>()[0];
+        if (gateway::openFileRegistry().isFileIdUnknown(handle)) return;
+        (void)CDFlib(SELECT_, CDF_, cdfIdOf(id_), CLOSE_, CDF_, NULL_);
+        gateway::openFileRegistry().unregisterFileId(handle);
+    }
+
+    const embedded::Array& id() const { return id_; }
+    CDFid cdf() const { return cdfIdOf(id_); }
+    void close() const { embedded::call("close", {id_}, 0); }
+
+  private:
+    explicit GatewayFile(embedded::Array id) : id_(std::move(id)) {}
+    embedded::Array id_;
+};
+
+// Copies files of the shared test data into the scratch directory (so that a test
+// may change them) and returns the path of the first.
+inline std::string copyShared(const ScratchDirectory& scratch,
+                              std::initializer_list<std::string> relatives) {
+    std::string first;
+    for (const std::string& relative : relatives) {
+        const std::filesystem::path source = sharedData(relative);
+        const std::string target = scratch.file(source.filename().string());
+        std::filesystem::copy_file(source, target,
+                                   std::filesystem::copy_options::overwrite_existing);
+        if (first.empty()) first = target;
+    }
+    return first;
+}
+
+// Creates a zVariable directly through the CDF interface; returns its number.
+inline long createVariable(CDFid id, const char* name, long dataType,
+                           std::vector<long> dimSizes = {}) {
+    std::string mutableName(name);
+    const std::vector<long> dimVarys(dimSizes.size(), VARY);
+    long number = -1;
+    const CDFstatus status = CDFlib(SELECT_, CDF_, id, CREATE_, zVAR_, mutableName.data(), dataType,
+                                    1L, static_cast<long>(dimSizes.size()), dimSizes.data(), VARY,
+                                    dimVarys.data(), &number, NULL_);
+    EXPECT_EQ(status, CDF_OK) << "creating variable " << name;
+    return number;
+}
+
+// One long item of a zVariable read directly through the CDF interface.
+inline long variableItem(CDFid id, long varNum, long op, long item) {
+    long value = -12345;
+    EXPECT_GE(CDFlib(SELECT_, CDF_, id, zVAR_, varNum, op, item, &value, NULL_), CDF_OK);
+    return value;
+}
+
 }  // namespace cdfgate::testing

@@ -1,0 +1,209 @@
+// Writing entries by the attribute's scope, the datatype and class checks, the
+// preparation of EPOCH16 and character values, and deleting entries.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "attribute_test_files.h"
+
+namespace cdfgate::testing {
+namespace {
+
+using embedded::call;
+
+Array number(double value) {
+    return Array::scalar(value);
+}
+
+// Attribute 0 is global "G", attribute 1 variable "V"; attribute 9 does not exist.
+class EntryCommands : public NewCdfTest {
+  protected:
+    void SetUp() override {
+        NewCdfTest::SetUp();
+        addVariable("v0");
+        call("createAttr", {id(), Array::text("G"), number(GLOBAL_SCOPE)});
+        call("createAttr", {id(), Array::text("V"), number(VARIABLE_SCOPE)});
+    }
+
+    void put(const char* command, double attr, double entry, long datatype, Array value) {
+        call(command, {id(), number(attr), number(entry), number(static_cast<double>(datatype)),
+                       std::move(value)});
+    }
+    Array get(const char* command, double attr, double entry) {
+        return call(command, {id(), number(attr), number(entry)}).at(0);
+    }
+    std::vector<Array> inquire(const char* command, double attr, double entry) {
+        return call(command, {id(), number(attr), number(entry)}, 2);
+    }
+};
+
+TEST_F(EntryCommands, TheAttributesScopeDecidesTheEntryKindForBothCommands) {
+    for (const char* command : {"putAttrEntry", "putAttrgEntry"}) {
+        SCOPED_TRACE(command);
+        put(command, 0, 4, CDF_INT4, Array::of<std::int32_t>({1, 2, 3}));
+        EXPECT_EQ(get("getAttrgEntry", 0, 4), Array::of<std::int32_t>({1, 2, 3}));
+        put(command, 1, 0, CDF_INT4, Array::of<std::int32_t>({7}));
+        EXPECT_EQ(get("getAttrEntry", 1, 0), Array::of<std::int32_t>({7}));
+        call("deleteAttrgEntry", {id(), number(0), number(4)});
+        call("deleteAttrEntry", {id(), number(1), number(0)});
+    }
+    EXPECT_EQ(call("getNumAttrgEntries", {id(), number(0)}).at(0), Array::scalar(0));
+    EXPECT_EQ(call("getNumAttrEntries", {id(), number(1)}).at(0), Array::scalar(0));
+}
+
+TEST_F(EntryCommands, ReadsOfTheOtherKindAreRefusedByTheLibrary) {
+    put("putAttrEntry", 0, 0, CDF_INT4, Array::of<std::int32_t>({1}));
+    put("putAttrgEntry", 1, 0, CDF_INT4, Array::of<std::int32_t>({1}));
+    expectHostError([&] { get("getAttrEntry", 0, 0); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrzEntry", ILLEGAL_FOR_SCOPE));
+    expectHostError([&] { get("getAttrgEntry", 1, 0); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE));
+    expectHostError([&] { inquire("inquireAttrEntry", 0, 0); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrzEntry", ILLEGAL_FOR_SCOPE));
+    expectHostError([&] { inquire("inquireAttrgEntry", 1, 0); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE));
+    expectHostError(
+        [&] {
+            call("deleteAttrEntry", {id(), number(0), number(0)});
+        },
+        cdflibId("libraryFailure"), failure("CDFdeleteAttrzEntry", ILLEGAL_FOR_SCOPE));
+    expectHostError(
+        [&] {
+            call("deleteAttrgEntry", {id(), number(1), number(0)});
+        },
+        cdflibId("libraryFailure"), failure("CDFdeleteAttrgEntry", ILLEGAL_FOR_SCOPE));
+}
+
+TEST_F(EntryCommands, MissingEntriesFailAtTheInquiry) {
+    expectHostError([&] { get("getAttrEntry", 1, 5); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrzEntry", NO_SUCH_ENTRY));
+    expectHostError([&] { get("getAttrgEntry", 0, 5); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrgEntry", NO_SUCH_ENTRY));
+    expectHostError([&] { get("getAttrgEntry", 9, 0); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrgEntry", NO_SUCH_ATTR));
+    expectHostError(
+        [&] {
+            call("deleteAttrgEntry", {id(), number(0), number(5)});
+        },
+        cdflibId("libraryFailure"), failure("CDFdeleteAttrgEntry", NO_SUCH_ENTRY));
+    expectHostError(
+        [&] {
+            call("deleteAttrEntry", {id(), number(1), number(5)});
+        },
+        cdflibId("libraryFailure"), failure("CDFdeleteAttrzEntry", NO_SUCH_ENTRY));
+}
+
+TEST_F(EntryCommands, DeletingAnEntryLeavesTheOthers) {
+    put("putAttrgEntry", 0, 1, CDF_DOUBLE, Array::scalar(1));
+    put("putAttrgEntry", 0, 6, CDF_DOUBLE, Array::scalar(6));
+    call("deleteAttrgEntry", {id(), number(0), number(6)});
+    EXPECT_EQ(call("getAttrMaxgEntry", {id(), number(0)}).at(0), Array::scalar(1));
+    EXPECT_EQ(get("getAttrgEntry", 0, 1), Array::scalar(1));
+    expectHostError([&] { get("getAttrgEntry", 0, 6); }, cdflibId("libraryFailure"),
+                    failure("CDFinquireAttrgEntry", NO_SUCH_ENTRY));
+}
+
+TEST_F(EntryCommands, ValueOfTheWrongClassIsRefusedWithBothNames) {
+    struct Case {
+        long datatype;
+        Array value;
+        const char* datatypeName;
+        const char* className;
+    };
+    const Case cases[] = {
+        {CDF_INT4, Array::scalar(1), "CDF_INT4", "double"},
+        {CDF_EPOCH, Array::int64(1), "CDF_EPOCH", "int64"},
+        {CDF_TIME_TT2000, Array::scalar(1), "CDF_TIME_TT2000", "double"},
+        {CDF_UINT1, Array::of<std::int8_t>({1}), "CDF_UINT1", "int8"},
+        {CDF_CHAR, Array::of<std::uint16_t>({65}), "CDF_CHAR", "uint16"},
+        {CDF_REAL8, Array::text("1"), "CDF_REAL8", "char"},
+        {CDF_INT1, Array::logical({true}), "CDF_INT1", "logical"},
+        {CDF_FLOAT, Array::scalar(1), "CDF_FLOAT", "double"},
+    };
+    for (const Case& row : cases) {
+        for (const char* command : {"putAttrEntry", "putAttrgEntry"}) {
+            SCOPED_TRACE(std::string(command) + " " + row.datatypeName);
+            // Attribute 9 does not exist: the class is checked before the scope inquiry.
+            for (const double attr : {0.0, 9.0}) {
+                expectHostError([&] { put(command, attr, 0, row.datatype, row.value); },
+                                cdflibId("badPutAttrEntryDatatype"),
+                                {std::string(row.datatypeName), std::string(row.className)});
+            }
+        }
+    }
+    EXPECT_EQ(call("getNumAttrgEntries", {id(), number(0)}).at(0), Array::scalar(0));
+}
+
+TEST_F(EntryCommands, UnknownDatatypesAreRefusedBeforeTheClassCheck) {
+    for (const long code : {0L, 3L, 53L, -1L, 50L}) {
+        SCOPED_TRACE(code);
+        expectHostError([&] { put("putAttrEntry", 0, 0, code, Array::text("x")); },
+                        cdflibId("unrecognizedValue"),
+                        {std::int64_t{code}, std::string("DATATYPE")});
+    }
+}
+
+TEST_F(EntryCommands, AMissingAttributeFailsAtTheScopeInquiry) {
+    expectHostError([&] { put("putAttrgEntry", 9, 0, CDF_INT4, Array::of<std::int32_t>({1})); },
+                    cdflibId("libraryFailure"), failure("CDFgetAttrScope", NO_SUCH_ATTR));
+}
+
+TEST_F(EntryCommands, LibraryRefusalsOfAPutNameTheEntryKind) {
+    expectHostError([&] { put("putAttrEntry", 0, -1, CDF_INT4, Array::of<std::int32_t>({1})); },
+                    cdflibId("libraryFailure"), failure("CDFputAttrgEntry", BAD_ENTRY_NUM));
+    expectHostError([&] { put("putAttrgEntry", 1, -1, CDF_INT4, Array::of<std::int32_t>({1})); },
+                    cdflibId("libraryFailure"), failure("CDFputAttrzEntry", BAD_ENTRY_NUM));
+}
+
+TEST_F(EntryCommands, EmptyValuesReachTheLibraryWithACountOfZero) {
+    const Array empties[] = {Array::empty(), Array::empty(hvCHAR_CLASS),
+                             Array::zeros(hvINT32_CLASS, {1, 0})};
+    const long datatypes[] = {CDF_DOUBLE, CDF_CHAR, CDF_INT4};
+    for (std::size_t i = 0; i < std::size(empties); ++i) {
+        SCOPED_TRACE(i);
+        expectHostError([&] { put("putAttrEntry", 0, 0, datatypes[i], empties[i]); },
+                        cdflibId("libraryFailure"), failure("CDFputAttrgEntry", BAD_NUM_ELEMS));
+        expectHostError([&] { put("putAttrEntry", 1, 0, datatypes[i], empties[i]); },
+                        cdflibId("libraryFailure"), failure("CDFputAttrzEntry", BAD_NUM_ELEMS));
+    }
+    // A single EPOCH16 double is half a value: nothing is left to write.
+    expectHostError([&] { put("putAttrEntry", 0, 0, CDF_EPOCH16, Array::scalar(1)); },
+                    cdflibId("libraryFailure"), failure("CDFputAttrgEntry", BAD_NUM_ELEMS));
+}
+
+TEST_F(EntryCommands, Epoch16ValuesAreTakenTwoDoublesAtATime) {
+    put("putAttrgEntry", 0, 0, CDF_EPOCH16, Array::of<double>({1, 2, 3, 4, 5, 6}, {2, 3}));
+    EXPECT_EQ(inquire("inquireAttrgEntry", 0, 0).at(1), Array::scalar(3));
+    EXPECT_EQ(get("getAttrgEntry", 0, 0), Array::of<double>({1, 2, 3, 4, 5, 6}, {2, 3}));
+
+    // An odd last double is left out.
+    put("putAttrgEntry", 0, 1, CDF_EPOCH16, Array::of<double>({1, 2, 3, 4, 5}));
+    EXPECT_EQ(inquire("inquireAttrgEntry", 0, 1).at(1), Array::scalar(2));
+    EXPECT_EQ(get("getAttrgEntry", 0, 1), Array::of<double>({1, 2, 3, 4}, {2, 2}));
+}
+
+TEST_F(EntryCommands, CharacterValuesAreWrittenAsTheirText) {
+    put("putAttrgEntry", 0, 0, CDF_CHAR, Array::text("abc"));
+    const std::vector<Array> described = inquire("inquireAttrgEntry", 0, 0);
+    EXPECT_EQ(described.at(0), Array::text("cdf_char"));
+    EXPECT_EQ(described.at(1), Array::scalar(3));
+    EXPECT_EQ(get("getAttrgEntry", 0, 0), Array::text("abc"));
+}
+
+TEST_F(EntryCommands, UnsignedCharacterValuesKeepTheLowByteOfEachUnit) {
+    put("putAttrEntry", 1, 0, CDF_UCHAR, Array::text(u"\u0141b\u00e9"));
+    EXPECT_EQ(inquire("inquireAttrEntry", 1, 0).at(0), Array::text("cdf_uchar"));
+    // 0x141 is stored as 0x41; 0xE9 comes back sign-extended like every byte above 0x7F.
+    EXPECT_EQ(get("getAttrEntry", 1, 0), Array::text("Ab\xe9"));
+}
+
+TEST_F(EntryCommands, CharacterMatricesAreWrittenInColumnOrder) {
+    const Array matrix = Array::of<char16_t>({u'a', u'd', u'b', u'e', u'c', u'f'}, {2, 3});
+    put("putAttrgEntry", 0, 0, CDF_CHAR, matrix);
+    put("putAttrgEntry", 0, 1, CDF_UCHAR, matrix);
+    EXPECT_EQ(get("getAttrgEntry", 0, 0), Array::text("adbecf"));
+    EXPECT_EQ(get("getAttrgEntry", 0, 1), Array::text("adbecf"));
+}
+
+}  // namespace
+}  // namespace cdfgate::testing

@@ -1,0 +1,276 @@
+// The attributes of the shared sample files, read through the gateway, against the
+// attribute lines of their expected dumps. Files with rVariables are read in zMode 2,
+// so their rEntries are read as zEntries.
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "attribute_test_files.h"
+
+namespace cdfgate::testing {
+namespace {
+
+using embedded::call;
+using embedded::HostError;
+
+std::string dumpQuoted(const std::string& bytes) {
+    std::string out = "\"";
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            out += '\\';
+            out += c;
+        } else if (byte >= 0x20 && byte <= 0x7E) {
+            out += c;
+        } else {
+            char escaped[5];
+            std::snprintf(escaped, sizeof escaped, "\\x%02x", byte);
+            out += escaped;
+        }
+    }
+    return out + "\"";
+}
+
+// Reads a quoted string of the dump starting at `pos` (at its opening quote); returns
+// its bytes and moves `pos` past the closing quote.
+std::string unquote(const std::string& line, std::size_t& pos) {
+    std::string bytes;
+    ++pos;
+    while (pos < line.size() && line[pos] != '"') {
+        if (line[pos] == '\\' && pos + 1 < line.size() && line[pos + 1] == 'x') {
+            bytes += static_cast<char>(std::stoi(line.substr(pos + 2, 2), nullptr, 16));
+            pos += 4;
+        } else if (line[pos] == '\\') {
+            bytes += line[pos + 1];
+            pos += 2;
+        } else {
+            bytes += line[pos++];
+        }
+    }
+    ++pos;
+    return bytes;
+}
+
+// The gateway returns character entries up to their first zero byte, so an expected
+// character value is cut there too.
+std::string cutCharacterValueAtZero(const std::string& line) {
+    std::size_t pos = std::string("  entry ").size();
+    pos = line.find(' ', pos) + 1;
+    if (line[pos] == '"') {
+        unquote(line, pos);
+        ++pos;
+    }
+    const std::size_t typeEnd = line.find(' ', pos);
+    const std::string type = line.substr(pos, typeEnd - pos);
+    if (type != "CDF_CHAR" && type != "CDF_UCHAR") return line;
+    std::size_t valueStart = line.find(": ", typeEnd) + 2;
+    std::size_t end = valueStart;
+    std::string bytes = unquote(line, end);
+    bytes = bytes.substr(0, bytes.find('\0'));
+    return line.substr(0, valueStart) + dumpQuoted(bytes);
+}
+
+std::string realText(double value) {
+    if (std::isnan(value)) return "nan";
+    char text[40];
+    std::snprintf(text, sizeof text, "%.17g", value);
+    return text;
+}
+
+template <typename T>
+std::string integers(const Array& value) {
+    std::string out;
+    for (const T element : value.data<T>()) {
+        if (!out.empty()) out += ' ';
+        out += std::to_string(element);
+    }
+    return out;
+}
+
+std::string values(const Array& value, const std::string& type) {
+    std::string out;
+    const auto join = [&out](const std::string& text) {
+        if (!out.empty()) out += ' ';
+        out += text;
+    };
+    switch (value.classId()) {
+        case hvCHAR_CLASS:
+            return dumpQuoted(value.text());
+        case hvINT8_CLASS:
+            return integers<std::int8_t>(value);
+        case hvINT16_CLASS:
+            return integers<std::int16_t>(value);
+        case hvINT32_CLASS:
+            return integers<std::int32_t>(value);
+        case hvINT64_CLASS:
+            return integers<std::int64_t>(value);
+        case hvUINT8_CLASS:
+            return integers<std::uint8_t>(value);
+        case hvUINT16_CLASS:
+            return integers<std::uint16_t>(value);
+        case hvUINT32_CLASS:
+            return integers<std::uint32_t>(value);
+        case hvSINGLE_CLASS:
+            for (const float element : value.data<float>()) join(realText(element));
+            return out;
+        case hvDOUBLE_CLASS: {
+            const std::span<const double> doubles = value.data<double>();
+            if (type != "CDF_EPOCH16") {
+                for (const double element : doubles) join(realText(element));
+                return out;
+            }
+            for (std::size_t i = 0; i + 1 < doubles.size(); i += 2) {
+                join("(" + realText(doubles[i]) + "," + realText(doubles[i + 1]) + ")");
+            }
+            return out;
+        }
+        default:
+            ADD_FAILURE() << "unexpected class " << value.className();
+            return out;
+    }
+}
+
+std::vector<std::string> expectedAttributeLines(const std::filesystem::path& dump) {
+    std::ifstream in(dump);
+    EXPECT_TRUE(in.good()) << "missing " << dump;
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("attributes ") || line.starts_with("attribute ")) {
+            lines.push_back(line);
+        } else if (line.starts_with("  entry ")) {
+            lines.push_back(cutCharacterValueAtZero(line));
+        }
+    }
+    return lines;
+}
+
+std::string variableName(CDFid id, long number) {
+    char name[CDF_VAR_NAME_LEN256 + 1] = {};
+    EXPECT_EQ(CDFlib(SELECT_, CDF_, id, SELECT_, zVAR_, number, GET_, zVAR_NAME_, name, NULL_),
+              CDF_OK);
+    return name;
+}
+
+std::string upper(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+// The attribute lines of the dump, made with the gateway's commands.
+std::vector<std::string> gatewayAttributeLines(const OpenCdf& cdf) {
+    const Array id = cdf.handle();
+    const auto count = [&](const char* command, std::vector<Array> inputs) {
+        inputs.insert(inputs.begin(), id);
+        return static_cast<long>(call(command, inputs).at(0).scalarValue());
+    };
+    const long global = count("getNumgAttributes", {});
+    const long variable = count("getNumvAttributes", {});
+    std::vector<std::string> lines{"attributes " + std::to_string(global + variable) + " global " +
+                                   std::to_string(global) + " variable " +
+                                   std::to_string(variable)};
+    for (long a = 0; a < global + variable; ++a) {
+        const Array attr = Array::scalar(static_cast<double>(a));
+        const std::vector<Array> inquiry = call("inquireAttr", {id, attr}, 4);
+        const bool isGlobal = inquiry.at(1) == Array::text("GLOBAL_SCOPE");
+        const long maxEntry = static_cast<long>(inquiry.at(isGlobal ? 2 : 3).scalarValue());
+        EXPECT_EQ(count(isGlobal ? "getAttrMaxgEntry" : "getAttrMaxEntry", {attr}), maxEntry);
+        EXPECT_EQ(call("getAttrName", {id, attr}).at(0), inquiry[0]);
+        EXPECT_EQ(call("getAttrScope", {id, attr}).at(0), inquiry[1]);
+        EXPECT_EQ(count("getAttrNum", {inquiry[0]}), a);
+        const long entries = count(isGlobal ? "getNumAttrgEntries" : "getNumAttrEntries", {attr});
+        lines.push_back("attribute " + std::to_string(a) + " " + dumpQuoted(inquiry[0].text()) +
+                        (isGlobal ? " GLOBAL" : " VARIABLE") + " entries " +
+                        std::to_string(entries) + " maxentry " + std::to_string(maxEntry));
+        const char* inquirer = isGlobal ? "inquireAttrgEntry" : "inquireAttrEntry";
+        const char* reader = isGlobal ? "getAttrgEntry" : "getAttrEntry";
+        const std::string inquiryFunction =
+            isGlobal ? "CDFinquireAttrgEntry" : "CDFinquireAttrzEntry";
+        for (long e = 0; e <= maxEntry; ++e) {
+            const Array entry = Array::scalar(static_cast<double>(e));
+            std::vector<Array> shape;
+            try {
+                shape = call(inquirer, {id, attr, entry}, 2);
+            } catch (const HostError& error) {
+                // Entry numbers without an entry are skipped, as the dump skips them.
+                EXPECT_EQ(error.arguments(), failure(inquiryFunction, NO_SUCH_ENTRY));
+                continue;
+            }
+            const std::string type = upper(shape.at(0).text());
+            std::string line = "  entry " + std::to_string(e) + " ";
+            if (!isGlobal) line += dumpQuoted(variableName(cdf.id(), e)) + " ";
+            line += type + " " + std::to_string(static_cast<long>(shape.at(1).scalarValue())) +
+                    ": " + values(call(reader, {id, attr, entry}).at(0), type);
+            lines.push_back(line);
+        }
+    }
+    return lines;
+}
+
+class SampleAttributes : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(SampleAttributes, ReadAsTheExpectedDumpListsThem) {
+    const std::filesystem::path path = samplePath(GetParam());
+    OpenCdf cdf;
+    ASSERT_EQ(cdf.open(path), CDF_OK) << path;
+    const std::vector<std::string> expected =
+        expectedAttributeLines(path.string() + ".expected.txt");
+    ASSERT_FALSE(expected.empty());
+    const std::vector<std::string> actual = gatewayAttributeLines(cdf);
+    for (std::size_t i = 0; i < std::min(expected.size(), actual.size()); ++i) {
+        ASSERT_EQ(actual[i], expected[i]) << "line " << i;
+    }
+    EXPECT_EQ(actual.size(), expected.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Samples, SampleAttributes,
+    ::testing::Values("a_cdf.cdf", "a_cdf_with_compressed_vars.cdf", "a_rle_compressed_cdf.cdf",
+                      "a_sparse_cdf.cdf", "ac_h2_sis_20101105_v06.cdf",
+                      "ac_k2_mfi_20220101_v03.cdf", "d103a2x.cdf", "de2_ion2s_rpa_19830213_v01.cdf",
+                      "demoData.cdf", "erg_pwe_hfa_l3_1min_00000000_v01.cdf", "example1.cdf",
+                      "fragmented.cdf", "ge_k0_cpi_19921231_v02.cdf", "geocpi0.cdf", "mms1.cdf",
+                      "psp_fld_l2_mag_rtn_1min_20200104_v02.cdf",
+                      "psp_isois-epilo_l2-ic_20190401_v0.0.0.cdf", "rvariable.cdf",
+                      "solo_l2_rpw-lfr-surv-swf-e_00000000_v01.cdf", "test.cdf",
+                      "thg_l2_mag_mek_00000000_v01.cdf",
+                      "uy_proton-distributions_swoops_00000000_v01.cdf"),
+    [](const ::testing::TestParamInfo<const char*>& info) {
+        std::string name = info.param;
+        name = name.substr(0, name.size() - 4);
+        for (char& c : name) {
+            if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+        }
+        return name;
+    });
+
+// An old file whose variable attributes hold rEntries: in zMode 2 they are the zEntries
+// of the rVariables' numbers, and no gEntry command reaches them.
+TEST(OldSampleAttributes, REntriesAreReadAsZEntries) {
+    OpenCdf cdf;
+    ASSERT_EQ(cdf.open(samplePath("ge_k0_cpi_19921231_v02.cdf")), CDF_OK);
+    const Array id = cdf.handle();
+    const std::vector<std::string> expected =
+        expectedAttributeLines(samplePath("ge_k0_cpi_19921231_v02.cdf.expected.txt"));
+    // The first variable attribute of the dump and its first entry.
+    std::size_t at = 0;
+    while (at < expected.size() && expected[at].find(" VARIABLE entries ") == std::string::npos)
+        ++at;
+    ASSERT_LT(at + 1, expected.size());
+    ASSERT_TRUE(expected[at + 1].starts_with("  entry "));
+    const double attr = std::stod(expected[at].substr(std::string("attribute ").size()));
+    const double entry = std::stod(expected[at + 1].substr(std::string("  entry ").size()));
+    EXPECT_EQ(call("getAttrScope", {id, Array::scalar(attr)}).at(0), Array::text("VARIABLE_SCOPE"));
+    EXPECT_NO_THROW(call("getAttrEntry", {id, Array::scalar(attr), Array::scalar(entry)}));
+    expectHostError(
+        [&] {
+            call("getAttrgEntry", {id, Array::scalar(attr), Array::scalar(entry)});
+        },
+        cdflibId("libraryFailure"), failure("CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE));
+    EXPECT_EQ(call("inquireAttr", {id, Array::scalar(attr)}, 4).at(2), Array::scalar(-1));
+}
+
+}  // namespace
+}  // namespace cdfgate::testing

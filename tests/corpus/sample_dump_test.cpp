@@ -1,6 +1,6 @@
-// Every sample of the shared corpus dumps with the same metadata lines as the
-// expected dump (attribute, entry and variable description lines; record value
-// lines belong to the data layer and are compared where it is present).
+// Every sample of the shared corpus dumps exactly as its expected dump: the
+// metadata lines (header, attributes, entries, variable descriptions) and the
+// record lines.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,14 +17,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> metadata_lines(const std::string& text) {
+std::vector<std::string> lines_of(const std::string& text, bool records) {
     std::vector<std::string> lines;
     std::istringstream in(text);
     for (std::string line; std::getline(in, line);) {
-        if (line.rfind("  record ", 0) == 0) continue;
-        lines.push_back(line);
+        if ((line.rfind("  record ", 0) == 0) == records) lines.push_back(line);
     }
     return lines;
+}
+
+void expect_same_lines(const std::vector<std::string>& got, const std::vector<std::string>& want,
+                       const std::string& what) {
+    for (std::size_t i = 0; i < std::min(want.size(), got.size()); ++i) {
+        ASSERT_EQ(got[i], want[i]) << what << " line " << i + 1;
+    }
+    EXPECT_EQ(got.size(), want.size()) << what;
 }
 
 std::vector<std::string> samples() {
@@ -38,22 +45,30 @@ std::vector<std::string> samples() {
     return names;
 }
 
-class SampleDump : public ::testing::TestWithParam<std::string> {};
+class SampleDump : public ::testing::TestWithParam<std::string> {
+  protected:
+    void SetUp() override {
+        const fs::path file = fs::path(CDFGATE_SHARED_DATA) / "samples" / GetParam();
+        std::ifstream in(file.string() + ".expected.txt");
+        ASSERT_TRUE(in) << "no expected dump for " << file;
+        std::stringstream text;
+        text << in.rdbuf();
+        expected_ = text.str();
+        dumped_ = cdfgate::dump::dump_cdf(file.string());
+    }
+
+    std::string expected_;
+    std::string dumped_;
+};
 
 TEST_P(SampleDump, MetadataLinesMatchTheExpectedDump) {
-    const fs::path file = fs::path(CDFGATE_SHARED_DATA) / "samples" / GetParam();
-    std::ifstream expected_in(file.string() + ".expected.txt");
-    ASSERT_TRUE(expected_in) << "no expected dump for " << file;
-    std::stringstream expected;
-    expected << expected_in.rdbuf();
-
-    const auto want = metadata_lines(expected.str());
-    const auto got = metadata_lines(cdfgate::dump::dump_cdf(file.string()));
+    const auto want = lines_of(expected_, false);
     ASSERT_GT(want.size(), 1u);
-    for (std::size_t i = 0; i < std::min(want.size(), got.size()); ++i) {
-        ASSERT_EQ(got[i], want[i]) << GetParam() << " line " << i + 1;
-    }
-    EXPECT_EQ(got.size(), want.size());
+    expect_same_lines(lines_of(dumped_, false), want, GetParam());
+}
+
+TEST_P(SampleDump, RecordLinesMatchTheExpectedDump) {
+    expect_same_lines(lines_of(dumped_, true), lines_of(expected_, true), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, SampleDump, ::testing::ValuesIn(samples()),

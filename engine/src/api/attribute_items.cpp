@@ -142,8 +142,6 @@ CDFstatus put_scope(Call& call, OpenCdf& cdf, store::Attribute& attr) {
         return BAD_SCOPE;
     }
     const bool global = scope == GLOBAL_SCOPE || scope == GLOBAL_SCOPE_ASSUMED;
-    // A global attribute holds no zEntries.
-    if (global && !attr.z_entries.empty()) return CANNOT_CHANGE;
     attr.scope = global ? 1 : 2;
     cdf.file->touch();
     return CDF_OK;

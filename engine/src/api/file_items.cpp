@@ -334,7 +334,9 @@ CDFstatus handle_select(long item, Call& call, OpenCdf& cdf) {
         case zVARs_CACHESIZE_: {
             const long size = call.args.next_long();
             if (cdf.file->single_file()) return SINGLE_FILE_FORMAT;
-            return size < 0 ? BAD_CACHE_SIZE : CDF_OK;
+            if (size < 0) return BAD_CACHE_SIZE;
+            for (auto& sel : cdf.z_selections) sel.cache_size = size;
+            return CDF_OK;
         }
         default:
             return kNotHandled;

@@ -21,6 +21,7 @@ struct VarSelection {
     std::array<long, CDF_MAX_DIMS> indices{};
     std::array<long, CDF_MAX_DIMS> counts{};
     std::array<long, CDF_MAX_DIMS> intervals{};
+    long cache_size = 1;  // multi-file CDFs only
 };
 
 struct OpenCdf {

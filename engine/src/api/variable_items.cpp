@@ -59,57 +59,98 @@ bool old_default_pads(const store::CdfFile& file) {
     return !file.v3() || (cdr.version == 3 && cdr.release < 5);
 }
 
-CDFstatus create_var(Call& call, OpenCdf& cdf) {
-    const char* const name = call.args.next<char>();
-    const long data_type = call.args.next_long();
-    const long num_elems = call.args.next_long();
-    const long num_dims = call.args.next_long();
-    const long* const dim_sizes = call.args.next<long>();
-    const long rec_vary = call.args.next_long();
-    const long* const dim_varys = call.args.next<long>();
-    long* const number = call.args.next<long>();
+struct NewVariable {
+    const char* name = nullptr;
+    long data_type = 0;
+    long num_elems = 0;
+    std::vector<long> dim_sizes;  // zVariables only
+    long rec_vary = 0;
+    std::vector<long> dim_varys;
+};
 
+// Creates an r- or zVariable after checking every argument; it becomes current.
+CDFstatus create_variable(OpenCdf& cdf, bool z, const NewVariable& def, long* number) {
     CDFGATE_TRY(check_writable(cdf));
-    if (!encoding::is_known_type(data_type)) return BAD_DATA_TYPE;
-    if (!cdf.file->v3() && encoding::is_v3_only_type(data_type)) return BAD_DATA_TYPE;
-    if (num_elems < 1 || num_elems > INT32_MAX ||
-        (!encoding::is_char_type(data_type) && num_elems != 1)) {
+    if (!encoding::is_known_type(def.data_type)) return BAD_DATA_TYPE;
+    if (!cdf.file->v3() && encoding::is_v3_only_type(def.data_type)) return BAD_DATA_TYPE;
+    if (def.num_elems < 1 || def.num_elems > INT32_MAX ||
+        (!encoding::is_char_type(def.data_type) && def.num_elems != 1)) {
         return BAD_NUM_ELEMS;
     }
-    if (num_dims < 0 || num_dims > CDF_MAX_DIMS) return BAD_NUM_DIMS;
     store::Variable var;
-    var.vdr.z = true;
-    for (long d = 0; d < num_dims; ++d) {
-        if (dim_sizes[d] < 1 || dim_sizes[d] > INT32_MAX) return BAD_DIM_SIZE;
-        var.vdr.dim_sizes.push_back(static_cast<std::int32_t>(dim_sizes[d]));
-        var.vdr.dim_varys.push_back(dim_varys[d] != 0 ? -1 : 0);
+    var.vdr.z = z;
+    for (std::size_t d = 0; d < def.dim_varys.size(); ++d) {
+        if (z) {
+            if (def.dim_sizes[d] < 1 || def.dim_sizes[d] > INT32_MAX) return BAD_DIM_SIZE;
+            var.vdr.dim_sizes.push_back(static_cast<std::int32_t>(def.dim_sizes[d]));
+        }
+        var.vdr.dim_varys.push_back(def.dim_varys[d] != 0 ? -1 : 0);
     }
     std::string stored_name;
-    const Status named = prepare_name(name, cdf.file->layout().name_size(), BAD_VAR_NAME,
+    const Status named = prepare_name(def.name, cdf.file->layout().name_size(), BAD_VAR_NAME,
                                       VAR_NAME_TRUNC, stored_name);
     CDFGATE_TRY(named);
     if (name_in_use(cdf, stored_name, nullptr)) return VAR_EXISTS;
 
     var.vdr.name = stored_name;
-    var.vdr.data_type = static_cast<std::int32_t>(data_type);
-    var.vdr.num_elems = static_cast<std::int32_t>(num_elems);
-    var.vdr.flags = format::kVdrPadPresent | (rec_vary != 0 ? format::kVdrRecVary : 0);
-    const auto pad = encoding::default_pad(data_type, num_elems, !cdf.file->v3());
-    var.vdr.pad =
-        stored_form(cdf, data_type, pad.data(),
-                    encoding::is_char_type(data_type) ? static_cast<std::size_t>(num_elems) : 1);
+    var.vdr.data_type = static_cast<std::int32_t>(def.data_type);
+    var.vdr.num_elems = static_cast<std::int32_t>(def.num_elems);
+    var.vdr.flags = format::kVdrPadPresent | (def.rec_vary != 0 ? format::kVdrRecVary : 0);
+    const auto pad = encoding::default_pad(def.data_type, def.num_elems, !cdf.file->v3());
+    var.vdr.pad = stored_form(
+        cdf, def.data_type, pad.data(),
+        encoding::is_char_type(def.data_type) ? static_cast<std::size_t>(def.num_elems) : 1);
     CDFGATE_TRY(cdf.file->add_variable(std::move(var)));
 
-    VarSelection sel;
-    for (long d = 0; d < num_dims; ++d) {
-        sel.counts[static_cast<std::size_t>(d)] = dim_sizes[d];
-        sel.intervals[static_cast<std::size_t>(d)] = 1;
+    const VarRef ref{z, cdf.file->variables(z).size() - 1};
+    cdf.selections(z).emplace_back();
+    VarSelection& sel = cdf.selections(z).back();
+    const Shape shape = variable_shape(cdf, ref);
+    for (std::size_t d = 0; d < shape.sizes.size(); ++d) {
+        sel.counts[d] = shape.sizes[d];
+        sel.intervals[d] = 1;
     }
-    cdf.z_selections.push_back(sel);
-    const VarRef ref{true, cdf.file->variables(true).size() - 1};
-    cdf.cur_zvar = zvar_number(cdf, ref);
-    *number = *cdf.cur_zvar;
+    if (z) {
+        cdf.cur_zvar = zvar_number(cdf, ref);
+        *number = *cdf.cur_zvar;
+    } else {
+        cdf.cur_rvar = static_cast<long>(ref.index);
+        *number = *cdf.cur_rvar;
+    }
     return named.code;
+}
+
+CDFstatus create_var(Call& call, OpenCdf& cdf) {
+    NewVariable def;
+    def.name = call.args.next<char>();
+    def.data_type = call.args.next_long();
+    def.num_elems = call.args.next_long();
+    const long num_dims = call.args.next_long();
+    const long* const dim_sizes = call.args.next<long>();
+    def.rec_vary = call.args.next_long();
+    const long* const dim_varys = call.args.next<long>();
+    long* const number = call.args.next<long>();
+    if (num_dims < 0 || num_dims > CDF_MAX_DIMS) {
+        // The earlier checks come first.
+        if (!encoding::is_known_type(def.data_type)) return BAD_DATA_TYPE;
+        return BAD_NUM_DIMS;
+    }
+    def.dim_sizes.assign(dim_sizes, dim_sizes + num_dims);
+    def.dim_varys.assign(dim_varys, dim_varys + num_dims);
+    return create_variable(cdf, true, def, number);
+}
+
+CDFstatus create_rvar(Call& call, OpenCdf& cdf) {
+    NewVariable def;
+    def.name = call.args.next<char>();
+    def.data_type = call.args.next_long();
+    def.num_elems = call.args.next_long();
+    def.rec_vary = call.args.next_long();
+    const long* const dim_varys = call.args.next<long>();
+    long* const number = call.args.next<long>();
+    const std::size_t n = cdf.file->gdr().r_dim_sizes.size();
+    def.dim_varys.assign(dim_varys, dim_varys + n);
+    return create_variable(cdf, false, def, number);
 }
 
 CDFstatus delete_var(Current& cur) {
@@ -367,7 +408,9 @@ CDFstatus select_in_var(long item, Call& call, Current& cur) {
         case zVAR_CACHESIZE_: {
             const long v = call.args.next_long();
             if (cur.cdf.file->single_file()) return SINGLE_FILE_FORMAT;
-            return v < 0 ? BAD_CACHE_SIZE : CDF_OK;
+            if (v < 0) return BAD_CACHE_SIZE;
+            sel.cache_size = v;
+            return CDF_OK;
         }
         default:
             return kNotHandled;
@@ -409,7 +452,7 @@ CDFstatus confirm_in_var(long item, Call& call, Current& cur) {
         case zVAR_CACHESIZE_: {
             long* const out = call.args.next<long>();
             if (cur.cdf.file->single_file()) return SINGLE_FILE_FORMAT;
-            *out = 1;
+            *out = sel.cache_size;
             return CDF_OK;
         }
         default:
@@ -459,6 +502,12 @@ bool needs_var(long op, long item) {
 }
 
 CDFstatus handle_without_current(long op, long item, Call& call, OpenCdf& cdf) {
+    if (op == SELECT_ && item == zVAR_NAME_) {
+        const auto number = find_var(cdf, call.args.next<char>());
+        if (!number) return NO_SUCH_VAR;
+        cdf.cur_zvar = *number;
+        return CDF_OK;
+    }
     if (op == SELECT_ && item == zVAR_) {
         const long number = call.args.next_long();
         if (number < 0) return BAD_VAR_NUM;
@@ -494,14 +543,94 @@ CDFstatus handle_without_current(long op, long item, Call& call, OpenCdf& cdf) {
 }
 
 bool is_without_current(long op, long item) {
-    return (op == SELECT_ && (item == zVAR_ || item == zVARs_RECNUMBER_)) ||
+    return (op == SELECT_ && (item == zVAR_ || item == zVAR_NAME_ || item == zVARs_RECNUMBER_)) ||
            (op == CONFIRM_ && (item == zVAR_ || item == zVAR_EXISTENCE_)) ||
            (op == CREATE_ && item == zVAR_) || (op == GET_ && item == zVAR_NUMBER_);
+}
+
+// The zVAR_ item that answers an rVAR_ item of an rVariable in zMode 0.
+long z_item_of(long op, long item) {
+    switch (item) {
+        case rVAR_NAME_:
+            return zVAR_NAME_;
+        case rVAR_DATATYPE_:
+            return zVAR_DATATYPE_;
+        case rVAR_NUMELEMS_:
+            return zVAR_NUMELEMS_;
+        case rVAR_RECVARY_:
+            return zVAR_RECVARY_;
+        case rVAR_DIMVARYS_:
+            return zVAR_DIMVARYS_;
+        case rVAR_MAXREC_:
+            return zVAR_MAXREC_;
+        case rVAR_PADVALUE_:
+            return zVAR_PADVALUE_;
+        case rVAR_BLOCKINGFACTOR_:
+            return zVAR_BLOCKINGFACTOR_;
+        case rVAR_SPARSERECORDS_:
+            return zVAR_SPARSERECORDS_;
+        case rVAR_COMPRESSION_:
+            return zVAR_COMPRESSION_;
+        case rVAR_NUMRECS_:
+            return op == GET_ ? zVAR_NUMRECS_ : 0;
+        case rVAR_NUMallocRECS_:
+            return op == GET_ ? zVAR_NUMallocRECS_ : 0;
+        case rVAR_MAXallocREC_:
+            return op == GET_ ? zVAR_MAXallocREC_ : 0;
+        default:
+            return 0;
+    }
+}
+
+bool is_rvar_item(long op, long item) {
+    if (item == rVAR_) return op == CREATE_ || op == SELECT_ || op == CONFIRM_;
+    if (item == rVAR_NAME_ && op == SELECT_) return true;
+    const long z = z_item_of(op, item);
+    return z != 0 && needs_var(op, z);
+}
+
+CDFstatus handle_rvar_item(long op, long item, Call& call, OpenCdf& cdf) {
+    if (cdf.zmode != zMODEoff) return ILLEGAL_IN_zMODE;
+    const auto& rvars = cdf.file->variables(false);
+    if (op == CREATE_) return create_rvar(call, cdf);
+    if (op == SELECT_ && item == rVAR_) {
+        const long number = call.args.next_long();
+        if (number < 0) return BAD_VAR_NUM;
+        if (static_cast<std::size_t>(number) >= rvars.size()) return NO_SUCH_VAR;
+        cdf.cur_rvar = number;
+        return CDF_OK;
+    }
+    if (op == SELECT_ && item == rVAR_NAME_) {
+        const char* const name = call.args.next<char>();
+        for (std::size_t i = 0; name && i < rvars.size(); ++i) {
+            if (same_name(rvars[i].vdr.name, name)) {
+                cdf.cur_rvar = static_cast<long>(i);
+                return CDF_OK;
+            }
+        }
+        return NO_SUCH_VAR;
+    }
+    if (op == CONFIRM_ && item == rVAR_) {
+        if (!cdf.cur_rvar) return NO_VAR_SELECTED;
+        return put_long(call, *cdf.cur_rvar);
+    }
+    if (!cdf.cur_rvar || static_cast<std::size_t>(*cdf.cur_rvar) >= rvars.size()) {
+        return NO_VAR_SELECTED;
+    }
+    const VarRef ref{false, static_cast<std::size_t>(*cdf.cur_rvar)};
+    Current cur{cdf, ref, variable(cdf, ref)};
+    const long z_item = z_item_of(op, item);
+    return op == GET_ ? handle_get(z_item, call, cur) : handle_put(z_item, call, cur);
 }
 
 }  // namespace
 
 CDFstatus handle_variable_item(long op, long item, Call& call) {
+    if (is_rvar_item(op, item)) {
+        OpenCdf* const cdf = call.cdf();
+        if (cdf == nullptr) return NO_CDF_SELECTED;
+        return handle_rvar_item(op, item, call, *cdf);
+    }
     const bool without = is_without_current(op, item);
     if (!without && !needs_var(op, item)) return kNotHandled;
     OpenCdf* const cdf = call.cdf();
@@ -520,8 +649,8 @@ CDFstatus handle_variable_item(long op, long item, Call& call) {
             return confirm_in_var(item, call, *cur);
         case DELETE_:
             return delete_var(*cur);
-        default:  // CLOSE_
-            return cdf->file->single_file() ? SINGLE_FILE_FORMAT : CDF_OK;
+        default:  // CLOSE_: variable files are never held open between calls
+            return cdf->file->single_file() ? SINGLE_FILE_FORMAT : VAR_ALREADY_CLOSED;
     }
 }
 

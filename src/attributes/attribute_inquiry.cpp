@@ -60,10 +60,10 @@ void inquireAttr(int nlhs, OutputSlot* plhs, int, const hvArray* const* prhs, co
         "CDFinquireCDF");
     matrix::array_ptr nameArray = nameOutput(name);
     matrix::array_ptr scopeArray = createString(scopeName(scope));
-    setOutput(nlhs, plhs, 0, std::move(nameArray));
-    setOutput(nlhs, plhs, 1, std::move(scopeArray));
-    setOutput(nlhs, plhs, 2, createDoubleScalar(static_cast<double>(maxgEntry)));
-    setOutput(nlhs, plhs, 3, createDoubleScalar(static_cast<double>(maxzEntry)));
+    placeOutput(nlhs, plhs, 0, std::move(nameArray));
+    placeOutput(nlhs, plhs, 1, std::move(scopeArray));
+    placeOutput(nlhs, plhs, 2, createDoubleScalar(static_cast<double>(maxgEntry)));
+    placeOutput(nlhs, plhs, 3, createDoubleScalar(static_cast<double>(maxzEntry)));
 }
 
 }  // namespace cdfgate::gateway

@@ -53,8 +53,8 @@ void describeEntry(int nlhs, OutputSlot* plhs, const hvArray* const* prhs, int e
     const EntryAddress at = entryAddress(prhs);
     const EntryShape shape = inquireEntry(at, entryKind, inquireName);
     matrix::array_ptr name = datatypeNameLower(shape.dataType);
-    setOutput(nlhs, plhs, 0, std::move(name));
-    setOutput(nlhs, plhs, 1, createDoubleScalar(static_cast<double>(shape.numElements)));
+    placeOutput(nlhs, plhs, 0, std::move(name));
+    placeOutput(nlhs, plhs, 1, createDoubleScalar(static_cast<double>(shape.numElements)));
 }
 
 }  // namespace

@@ -29,10 +29,6 @@ matrix::array_ptr createString(std::string_view text) {
     return matrix::create(text.data(), text.size());
 }
 
-void setOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr value) {
-    if (index == 0 || index < nlhs) plhs[index] = std::move(value);
-}
-
 void placeOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr array) {
     if (index < std::max(nlhs, 1)) plhs[index] = std::move(array);
 }

@@ -17,8 +17,4 @@ matrix::array_ptr createString(std::string_view text);
 // least one, and at least nlhs); a result the host has no slot for is dropped.
 void placeOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr array);
 
-// Moves `value` into output slot `index` when the host offered that slot (a host
-// always offers at least one, however few results it asked for); drops it otherwise.
-void setOutput(int nlhs, matrix::array_ptr* plhs, int index, matrix::array_ptr value);
-
 }  // namespace cdfgate::gateway

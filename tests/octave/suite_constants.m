@@ -25,7 +25,7 @@
 %!          "readonlyon", -1; "READONLYon", -1; "VARY", -1; "NOVARY", 0;
 %!          "column_major", 2; "ibmpc_encoding", 6; "VARIABLE_SCOPE", 2};
 %! for i = 1:rows (cases)
-%!   assert (cdflib ("getConstantValue", cases{i,1}), cases{i,2}, cases{i,1});
+%!   assert (isequal (cdflib ("getConstantValue", cases{i,1}), cases{i,2}), cases{i,1});
 %! endfor
 
 %!test

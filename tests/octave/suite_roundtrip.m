@@ -66,11 +66,11 @@
 %!    id = cdflib ("open", target);
 %!    assert (cdflib ("getVarMaxWrittenRecNum", id, var), 2);
 %!    [vname, vtype, vnelems, vdims] = cdflib ("inquireVar", id, var);
-%!    assert ({vname, vtype, vnelems, vdims}, {"v", lower(name), nelems, dims});
+%!    assert (isequal ({vname, vtype, vnelems, vdims}, {"v", lower(name), nelems, dims}), name);
 %!    for r = 1:numel (records)
 %!      got = cdflib ("getVarRecordData", id, var, r - 1);
-%!      assert (class (got), cls, name);
-%!      assert (size (got), shape, name);
+%!      assert (strcmp (class (got), cls), [name ": class " class(got)]);
+%!      assert (isequal (size (got), shape), [name ": size " mat2str(size (got))]);
 %!      assert (isequal (got, records{r}), name);
 %!    endfor
 %!    ## The hyperslab of all records has the record count as last dimension.
@@ -151,7 +151,7 @@
 %! assert (cdflib ("getAttrEntry", id, u, var), "nT");
 %! assert (cdflib ("getAttrNum", id, "UNITS"), u);
 %! [name, scope] = cdflib ("inquireAttr", id, u);
-%! assert ({name, scope}, {"UNITS", "VARIABLE_SCOPE"});
+%! assert (isequal ({name, scope}, {"UNITS", "VARIABLE_SCOPE"}));
 %! cdflib ("close", id);
 
 %!test

@@ -259,7 +259,7 @@ TEST_F(AttributeCommands, FileIdentifiersAreCheckedFirst) {
         expectHostError([&] { call(command, asDouble, 4); }, validateId("argumentNotUint64Scalar"),
                         {std::string("CDFID")});
         std::vector<Array> unknown = inputs;
-        unknown.insert(unknown.begin(), Array::uint64(handleBits(cdf_.id()) + 1));
+        unknown.insert(unknown.begin(), Array::uint64(cdf_.handle().data<std::uint64_t>()[0] + 1));
         expectHostError([&] { call(command, unknown, 4); }, cdflibId("invalidFileId"));
     }
 }

@@ -1,6 +1,5 @@
 // Files for the attribute suites: new CDFs in a temporary directory and the shared
-// sample files, opened through the C interface and registered with the gateway the
-// way "create" and "open" do.
+// sample files, created and opened through the gateway.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,14 +11,9 @@
 #include <string>
 
 #include "cdf.h"
-#include "gateway/open_file_registry.h"
 #include "gateway_test_support.h"
 
 namespace cdfgate::testing {
-
-inline std::uint64_t handleBits(CDFid id) {
-    return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(id));
-}
 
 // The library's text for a status, as "libraryFailure" carries it.
 inline std::string statusText(CDFstatus status) {
@@ -34,57 +28,45 @@ inline Arguments failure(const std::string& function, CDFstatus status) {
     return {function, statusText(status)};
 }
 
-// An open CDF registered with the gateway; closed and unregistered on destruction.
+// A CDF opened or created through the gateway's "open" and "create"; closed with
+// "close" on destruction.
 class OpenCdf {
   public:
     OpenCdf() = default;
     OpenCdf(const OpenCdf&) = delete;
     OpenCdf& operator=(const OpenCdf&) = delete;
-    ~OpenCdf() { close(); }
-
-    bool isOpen() const { return id_ != nullptr; }
-    CDFid id() const { return id_; }
-    // The identifier as the host holds it.
-    Array handle() const { return Array::uint64(handleBits(id_)); }
-
-    // Opens a file with zMode 2, as "open" does; returns the first failing status.
-    CDFstatus open(const std::filesystem::path& path) {
-        CDFid id = nullptr;
-        const CDFstatus opened = CDFlib(OPEN_, CDF_, path.string().c_str(), &id, NULL_);
-        if (opened < CDF_OK) return opened;
-        const CDFstatus zMode = CDFlib(SELECT_, CDF_, id, SELECT_, CDF_zMODE_, zMODEon2, NULL_);
-        if (zMode < CDF_OK) {
-            (void)CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_);
-            return zMode;
+    ~OpenCdf() {
+        try {
+            close();
+        } catch (const embedded::HostError&) {
+            ADD_FAILURE() << "closing the file failed";
         }
-        adopt(id);
-        return CDF_OK;
     }
 
-    CDFstatus create(const std::filesystem::path& path) {
-        CDFid id = nullptr;
-        std::string name = path.string();
-        const CDFstatus created = CDFcreateCDF(name.data(), &id);
-        if (created < CDF_OK) return created;
-        adopt(id);
-        return CDF_OK;
+    bool isOpen() const { return handle_.hasArray(); }
+    // The identifier as the C interface takes it.
+    CDFid id() const {
+        return reinterpret_cast<CDFid>(
+            static_cast<std::uintptr_t>(handle_.data<std::uint64_t>()[0]));
     }
+    // The identifier as the host holds it.
+    const Array& handle() const { return handle_; }
 
-    CDFstatus close() {
-        if (id_ == nullptr) return CDF_OK;
-        gateway::openFileRegistry().unregisterFileId(handleBits(id_));
-        const CDFstatus status = CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_);
-        id_ = nullptr;
-        return status;
+    void open(const std::filesystem::path& path) {
+        handle_ = embedded::call("open", {Array::text(path.string())}).at(0);
+    }
+    void create(const std::filesystem::path& path) {
+        handle_ = embedded::call("create", {Array::text(path.string())}).at(0);
+    }
+    void close() {
+        if (!isOpen()) return;
+        Array handle = std::move(handle_);
+        handle_ = Array();
+        embedded::call("close", {std::move(handle)});
     }
 
   private:
-    void adopt(CDFid id) {
-        id_ = id;
-        gateway::openFileRegistry().registerFileId(handleBits(id));
-    }
-
-    CDFid id_ = nullptr;
+    Array handle_;
 };
 
 // A unique path in the temporary directory, removed (with its ".cdf" file) afterwards.
@@ -121,8 +103,8 @@ inline std::filesystem::path samplePath(const std::string& name) {
 // A new, empty CDF in a temporary file, open and registered.
 class NewCdfTest : public ::testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(cdf_.create(path_.path()), CDF_OK); }
-    void TearDown() override { EXPECT_GE(cdf_.close(), CDF_OK); }
+    void SetUp() override { ASSERT_NO_THROW(cdf_.create(path_.path())); }
+    void TearDown() override { EXPECT_NO_THROW(cdf_.close()); }
 
     Array id() const { return cdf_.handle(); }
 

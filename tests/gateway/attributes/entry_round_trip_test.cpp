@@ -102,8 +102,8 @@ TEST_F(EntryRoundTrip, ValuesSurviveClosingAndReopening) {
         call("putAttrgEntry", {id(), Array::scalar(0), Array::scalar(static_cast<double>(row.code)),
                                Array::scalar(static_cast<double>(row.code)), row.value()});
     }
-    ASSERT_EQ(cdf_.close(), CDF_OK);
-    ASSERT_EQ(cdf_.open(path_.path()), CDF_OK);
+    ASSERT_NO_THROW(cdf_.close());
+    ASSERT_NO_THROW(cdf_.open(path_.path()));
     for (const DatatypeCase& row : kDatatypes) {
         SCOPED_TRACE(row.lowerName);
         const double entry = static_cast<double>(row.code);

@@ -22,11 +22,6 @@ matrix::array_ptr dimensionSizesRow(const std::vector<long>& sizes) {
     return row;
 }
 
-// The host offers at least one slot and at least nlhs; results beyond them are dropped.
-void place(int nlhs, OutputSlot* plhs, int index, matrix::array_ptr array) {
-    if (index == 0 || index < nlhs) plhs[index] = std::move(array);
-}
-
 }  // namespace
 
 void inquireVar(int nlhs, OutputSlot* plhs, int, const hvArray* const* prhs, const CommandEntry*) {
@@ -43,12 +38,12 @@ void inquireVar(int nlhs, OutputSlot* plhs, int, const hvArray* const* prhs, con
     matrix::array_ptr dimSizes = dimensionSizesRow(info.dimSizes);
     matrix::array_ptr recordVariance = variancesToLogical({info.recordVariance});
     matrix::array_ptr dimVariances = variancesToLogical(info.dimVariances);
-    place(nlhs, plhs, 0, std::move(name));
-    place(nlhs, plhs, 1, std::move(datatype));
-    place(nlhs, plhs, 2, std::move(numElements));
-    place(nlhs, plhs, 3, std::move(dimSizes));
-    place(nlhs, plhs, 4, std::move(recordVariance));
-    place(nlhs, plhs, 5, std::move(dimVariances));
+    placeOutput(nlhs, plhs, 0, std::move(name));
+    placeOutput(nlhs, plhs, 1, std::move(datatype));
+    placeOutput(nlhs, plhs, 2, std::move(numElements));
+    placeOutput(nlhs, plhs, 3, std::move(dimSizes));
+    placeOutput(nlhs, plhs, 4, std::move(recordVariance));
+    placeOutput(nlhs, plhs, 5, std::move(dimVariances));
 }
 
 }  // namespace cdfgate::gateway

@@ -1,0 +1,208 @@
+// Variable data read through the gateway ("hyperGetVarData", "getVarData") beside the
+// engine-only calls that do the same work, timed in the same run. The gateway calls
+// go straight to cdflib with inputs built once, as a host would pass them.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cdf.h"
+#include "cdfgate/embedded.h"
+#include "hv/entry.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using cdfgate::embedded::Array;
+
+// Thread CPU time (page faults of new buffers included), so that other load on the
+// machine does not blur the comparison.
+struct Clock {
+    using duration = std::chrono::nanoseconds;
+    static std::chrono::time_point<Clock, duration> now() {
+        timespec t{};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+        return std::chrono::time_point<Clock, duration>(
+            duration(std::int64_t{t.tv_sec} * 1000000000 + t.tv_nsec));
+    }
+};
+
+constexpr long kValuesPerRecord = 1024;  // 8 KiB records of CDF_REAL8
+
+void check(long status, const char* what) {
+    if (status < CDF_WARN) {
+        std::fprintf(stderr, "%s failed: %ld\n", what, status);
+        std::abort();
+    }
+}
+
+double seconds(Clock::duration d) {
+    return std::chrono::duration<double>(d).count();
+}
+
+class TempDir {
+  public:
+    TempDir() {
+        std::string pattern = (fs::temp_directory_path() / "cdfgate-gwbench-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) std::abort();
+        dir_ = pattern;
+    }
+    ~TempDir() { fs::remove_all(dir_); }
+    std::string path(const std::string& name) const { return (dir_ / name).string(); }
+
+  private:
+    fs::path dir_;
+};
+
+TempDir& temp() {
+    static TempDir dir;
+    return dir;
+}
+
+// name.cdf with one CDF_REAL8 [1024] variable of `records` records.
+std::string dataFile(long records) {
+    const std::string name = temp().path("data" + std::to_string(records));
+    if (fs::exists(name + ".cdf")) return name;
+    std::vector<double> values(static_cast<std::size_t>(records * kValuesPerRecord));
+    for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;
+    CDFid id = nullptr;
+    check(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), "create");
+    long dims[] = {kValuesPerRecord}, varys[] = {VARY}, zero[] = {0}, one[] = {1}, var = -1;
+    check(CDFlib(CREATE_, zVAR_, "data", CDF_REAL8, 1L, 1L, dims, VARY, varys, &var, NULL_),
+          "create variable");
+    check(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, records, zVAR_RECINTERVAL_, 1L,
+                 zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, dims, zVAR_DIMINTERVALS_, one, PUT_,
+                 zVAR_HYPERDATA_, values.data(), NULL_),
+          "write");
+    check(CDFlib(CLOSE_, CDF_, NULL_), "close");
+    return name;
+}
+
+// One cdflib call with prebuilt inputs; the result is destroyed with the slot.
+class GatewayCall {
+  public:
+    GatewayCall(const char* command, std::vector<Array> arguments) : inputs_(std::move(arguments)) {
+        inputs_.insert(inputs_.begin(), Array::text(command));
+        for (const Array& input : inputs_) prhs_.push_back(input.get());
+    }
+    void run() {
+        cdflib(1, slots_.data(), static_cast<int>(prhs_.size()), prhs_.data());
+        benchmark::DoNotOptimize(hvGetData(slots_[0].get()));
+        slots_[0].reset();
+    }
+
+  private:
+    std::vector<Array> inputs_;
+    std::vector<const hvArray*> prhs_;
+    std::array<matrix::array_ptr, 1> slots_;
+};
+
+// The file opened through the gateway, so that its identifier is registered.
+struct OpenFile {
+    explicit OpenFile(const std::string& name)
+        : id(cdfgate::embedded::call("open", {Array::text(name)})[0]) {
+        handle = reinterpret_cast<CDFid>(static_cast<std::uintptr_t>(id.data<std::uint64_t>()[0]));
+    }
+    ~OpenFile() { cdfgate::embedded::call("close", {id}, 0); }
+    Array id;
+    CDFid handle;
+};
+
+// The whole variable: the engine into a buffer allocated for the call (the work a C
+// program does to get new values), the engine into a buffer reused across calls, and
+// the gateway, which creates a host array per call and lets the engine fill it.
+void BM_WholeVariableRead(benchmark::State& state) {
+    const long records = state.range(0);
+    const std::size_t count = static_cast<std::size_t>(records * kValuesPerRecord);
+    OpenFile file(dataFile(records));
+    GatewayCall gateway(
+        "hyperGetVarData",
+        {file.id, Array::scalar(0), Array::scalar(0), Array::scalar(static_cast<double>(records)),
+         Array::scalar(1), Array::scalar(0), Array::scalar(kValuesPerRecord), Array::scalar(1)});
+    long dims[] = {kValuesPerRecord}, zero[] = {0}, one[] = {1};
+    const auto engineRead = [&](double* out) {
+        check(CDFlib(SELECT_, CDF_, file.handle, zVAR_, 0L, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_,
+                     records, zVAR_RECINTERVAL_, 1L, zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, dims,
+                     zVAR_DIMINTERVALS_, one, GET_, zVAR_HYPERDATA_, out, NULL_),
+              "read");
+        benchmark::DoNotOptimize(out);
+    };
+    std::vector<double> reused(count);
+    double fresh = 0, warm = 0, viaGateway = 0;
+    for (auto _ : state) {
+        auto start = Clock::now();
+        {
+            const std::unique_ptr<double[]> buffer(new double[count]);
+            engineRead(buffer.get());
+        }
+        fresh += seconds(Clock::now() - start);
+        start = Clock::now();
+        engineRead(reused.data());
+        warm += seconds(Clock::now() - start);
+        start = Clock::now();
+        gateway.run();
+        const double g = seconds(Clock::now() - start);
+        viaGateway += g;
+        state.SetIterationTime(g);
+    }
+    const double n = static_cast<double>(state.iterations());
+    state.counters["engine_new_buffer_ms"] = fresh / n * 1e3;
+    state.counters["engine_reused_buffer_ms"] = warm / n * 1e3;
+    state.counters["gateway_ms"] = viaGateway / n * 1e3;
+    state.counters["gateway_added_%"] = (viaGateway / fresh - 1) * 100;
+    state.counters["MiB"] = static_cast<double>(count * 8) / (1 << 20);
+}
+
+// One value at a record and index: the engine's select-and-get call against the
+// gateway's getVarData (inquiry, majority, checks, host array, the same read), in
+// alternating batches of the same size.
+void BM_SingleValueRead(benchmark::State& state) {
+    OpenFile file(dataFile(64));
+    GatewayCall gateway("getVarData",
+                        {file.id, Array::scalar(0), Array::scalar(37), Array::of<double>({17})});
+    constexpr int kBatch = 1000;
+    long at[] = {17};
+    double value = 0;
+    double engine = 0, viaGateway = 0;
+    for (auto _ : state) {
+        auto start = Clock::now();
+        for (int i = 0; i < kBatch; ++i) {
+            check(CDFlib(SELECT_, CDF_, file.handle, zVAR_, 0L, zVAR_RECNUMBER_, 37L,
+                         zVAR_DIMINDICES_, at, GET_, zVAR_DATA_, &value, NULL_),
+                  "read");
+            benchmark::DoNotOptimize(value);
+        }
+        engine += seconds(Clock::now() - start);
+        start = Clock::now();
+        for (int i = 0; i < kBatch; ++i) gateway.run();
+        const double g = seconds(Clock::now() - start);
+        viaGateway += g;
+        state.SetIterationTime(g / kBatch);
+    }
+    const double calls = static_cast<double>(state.iterations()) * kBatch;
+    state.counters["engine_ns"] = engine / calls * 1e9;
+    state.counters["gateway_ns"] = viaGateway / calls * 1e9;
+    state.counters["gateway_added_ns"] = (viaGateway - engine) / calls * 1e9;
+}
+
+BENCHMARK(BM_WholeVariableRead)
+    ->Arg(128)    // 1 MiB
+    ->Arg(2048)   // 16 MiB
+    ->Arg(16384)  // 128 MiB
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(8);
+BENCHMARK(BM_SingleValueRead)->UseManualTime()->Unit(benchmark::kNanosecond)->Iterations(200);
+
+}  // namespace
+
+BENCHMARK_MAIN();

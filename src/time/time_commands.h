@@ -1,6 +1,9 @@
 // Command handlers: conversions between calendar components and EPOCH, EPOCH16 and TT2000 values.
 #pragma once
 
+// cdf.h defines computeTT2000 and breakdownTT2000 as macros; including it here makes
+// every file that names these two handlers spell them the same way.
+#include "cdf.h"
 #include "gateway/command.h"
 
 namespace cdfgate::gateway {

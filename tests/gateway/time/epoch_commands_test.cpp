@@ -1,0 +1,219 @@
+// "computeEpoch", "computeEpoch16", "epochBreakdown" and "epoch16Breakdown" on the
+// built-in host: check order, shapes, truncation, and the library's results.
+#include <array>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "cdf.h"
+#include "gateway_test_support.h"
+
+namespace cdfgate::testing {
+namespace {
+
+using embedded::call;
+using Dims = std::vector<std::size_t>;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+Array doubles(std::vector<double> values, Dims dims = {}) {
+    return Array::of<double>(std::span<const double>(values), std::move(dims));
+}
+
+std::vector<double> elements(const Array& a) {
+    const auto d = a.data<double>();
+    return {d.begin(), d.end()};
+}
+
+TEST(ComputeEpoch, OnlyTheElementCountDecidesTheShape) {
+    const std::vector<double> times{2000, 1, 1, 0,    0, 0, 0,  1970, 1, 1, 0,
+                                    0,    0, 0, 2017, 1, 1, 12, 30,   0, 5};
+    const Array byColumns = call("computeEpoch", {doubles(times, {7, 3})})[0];
+    const Array asRow = call("computeEpoch", {doubles(times)})[0];
+    EXPECT_EQ(byColumns.dims(), (Dims{1, 3}));
+    EXPECT_EQ(byColumns, asRow);
+    EXPECT_EQ(elements(byColumns), (std::vector<double>{computeEPOCH(2000, 1, 1, 0, 0, 0, 0),
+                                                        computeEPOCH(1970, 1, 1, 0, 0, 0, 0),
+                                                        computeEPOCH(2017, 1, 1, 12, 30, 0, 5)}));
+}
+
+TEST(ComputeEpoch, FractionsAreTruncatedTowardZero) {
+    const Array truncated = call("computeEpoch", {doubles({2000, 1, 1, 0, 0, 1.9, -0.5})})[0];
+    const Array whole = call("computeEpoch", {doubles({2000, 1, 1, 0, 0, 1, 0})})[0];
+    EXPECT_EQ(truncated, whole);
+}
+
+TEST(ComputeEpoch, NaNComponentReachesTheLibraryAsTheMostNegativeInteger) {
+    const Array result = call("computeEpoch", {doubles({2000, kNaN, 1, 0, 0, 0, 0})})[0];
+    EXPECT_EQ(result.scalarValue(),
+              computeEPOCH(2000, std::numeric_limits<long>::min(), 1, 0, 0, 0, 0));
+}
+
+TEST(ComputeEpoch, EmptyInputGivesAnEmptyRow) {
+    EXPECT_EQ(call("computeEpoch", {Array::empty()})[0].dims(), (Dims{1, 0}));
+    EXPECT_EQ(call("computeEpoch16", {Array::empty()})[0].dims(), (Dims{2, 0}));
+}
+
+struct RefusalCase {
+    const char* name;
+    const char* command;
+    Array input;
+    std::string identifier;
+    Arguments arguments;
+};
+
+class TimeCommandRefusals : public ::testing::TestWithParam<RefusalCase> {};
+
+TEST_P(TimeCommandRefusals, RaiseTheirError) {
+    const RefusalCase& c = GetParam();
+    expectHostError([&] { call(c.command, {c.input}); }, c.identifier, c.arguments);
+}
+
+std::vector<RefusalCase> refusalCases() {
+    const std::vector<double> eight(8, 1.0);
+    return {
+        {"count before class",
+         "computeEpoch",
+         Array::of<std::int32_t>({2000, 1, 1, 0, 0, 0, 0}, {7, 1}),
+         cdflibId("badTimeVector"),
+         {std::int64_t{7}}},
+        {"count not a multiple of 7",
+         "computeEpoch",
+         doubles(eight),
+         cdflibId("badTimeVector"),
+         {std::int64_t{7}}},
+        {"single precision",
+         "computeEpoch",
+         Array::of<float>({2000, 1, 1, 0, 0, 0, 0}),
+         cdflibId("badTimeVector"),
+         {std::int64_t{7}}},
+        {"epoch16 count",
+         "computeEpoch16",
+         doubles({2000, 1, 1, 0, 0, 0, 0}),
+         cdflibId("badTimeVector"),
+         {std::int64_t{10}}},
+        {"epoch16 class",
+         "computeEpoch16",
+         Array::of<std::int64_t>({2000, 1, 1, 0, 0, 0, 0, 0, 0, 0}),
+         cdflibId("badTimeVector"),
+         {std::int64_t{10}}},
+        {"component beyond 2^63",
+         "computeEpoch",
+         doubles({2000, 1, 1, 0, 0, 0, 9.3e18}),
+         validateId("argumentOutOfBounds"),
+         {}},
+        {"negative year",
+         "computeEpoch",
+         doubles({-1, 1, 1, 0, 0, 0, 0}),
+         cdflibId("illegalEpochValue"),
+         {}},
+        {"illegal after a legal group",
+         "computeEpoch",
+         doubles({2000, 1, 1, 0, 0, 0, 0, 0, 1, 1, 0, 0, 0, -1}),
+         cdflibId("illegalEpochValue"),
+         {}},
+        {"epoch16 negative year",
+         "computeEpoch16",
+         doubles({-5, 1, 1, 0, 0, 0, 0, 0, 0, 0}),
+         cdflibId("illegalEpochValue"),
+         {}},
+        {"epoch16 before year 0",
+         "computeEpoch16",
+         doubles({0, 1, 1, 0, 0, -1, 0, 0, 0, 0}),
+         cdflibId("illegalEpochValue"),
+         {}},
+        {"breakdown of int64",
+         "epochBreakdown",
+         Array::int64(5),
+         validateId("argumentNotDoublePrecision"),
+         {std::string("EPOCHTIME")}},
+        {"odd count", "epoch16Breakdown", doubles({1, 2, 3}), cdflibId("badEpoch16Modulus"), {}},
+        {"odd count before class",
+         "epoch16Breakdown",
+         Array::of<std::int8_t>({1, 2, 3}),
+         cdflibId("badEpoch16Modulus"),
+         {}},
+        {"epoch16 breakdown of int8",
+         "epoch16Breakdown",
+         Array::of<std::int8_t>({1, 2}),
+         validateId("argumentNotDoublePrecision"),
+         {std::string("EPOCH16TIME")}},
+    };
+}
+
+INSTANTIATE_TEST_SUITE_P(Epoch, TimeCommandRefusals, ::testing::ValuesIn(refusalCases()),
+                         [](const auto& info) {
+                             std::string name = info.param.name;
+                             for (char& ch : name) {
+                                 if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
+                             }
+                             return name;
+                         });
+
+TEST(ComputeEpoch16, PairsComeOutAsColumns) {
+    const std::vector<double> times{2000, 1,  1,  12, 0,  0,  1,   2,   3,   4,
+                                    1999, 12, 31, 23, 59, 59, 999, 999, 999, 1000};
+    const Array result = call("computeEpoch16", {doubles(times, {10, 2})})[0];
+    ASSERT_EQ(result.dims(), (Dims{2, 2}));
+    std::array<double, 2> first{};
+    std::array<double, 2> second{};
+    computeEPOCH16(2000, 1, 1, 12, 0, 0, 1, 2, 3, 4, first.data());
+    computeEPOCH16(1999, 12, 31, 23, 59, 59, 999, 999, 999, 1000, second.data());
+    EXPECT_EQ(elements(result), (std::vector<double>{first[0], first[1], second[0], second[1]}));
+}
+
+TEST(EpochBreakdown, EveryElementBecomesASevenRowColumn) {
+    const std::vector<double> values{
+        63113904000000.0, -1.0, 0.0, 1e31, -0.0, 62167219200000.5, kNaN, -1e31, 5.0, 6.0, 7.0, 8.0};
+    const Array result = call("epochBreakdown", {doubles(values, {3, 4})})[0];
+    ASSERT_EQ(result.dims(), (Dims{7, 12}));
+    const auto out = result.data<double>();
+    for (std::size_t k = 0; k < values.size(); ++k) {
+        std::array<long, 7> p{};
+        EPOCHbreakdown(values[k], &p[0], &p[1], &p[2], &p[3], &p[4], &p[5], &p[6]);
+        for (std::size_t i = 0; i < p.size(); ++i) {
+            EXPECT_EQ(out[7 * k + i], static_cast<double>(p[i])) << "element " << k;
+        }
+    }
+    EXPECT_EQ(call("epochBreakdown", {Array::empty()})[0].dims(), (Dims{7, 0}));
+}
+
+struct Epoch16ShapeCase {
+    Dims input;
+    Dims output;
+};
+
+TEST(Epoch16Breakdown, ResultDimensionsFollowTheInputsFirstDimension) {
+    const std::array<Epoch16ShapeCase, 6> cases{{
+        {{2, 5}, {10, 5}},
+        {{2, 3, 4}, {10, 3, 4}},
+        {{1, 6}, {10, 3}},
+        {{6, 1}, {10, 3}},
+        {{4, 1}, {10, 2}},
+        {{2, 2, 2}, {10, 2, 2}},
+    }};
+    for (const Epoch16ShapeCase& c : cases) {
+        std::size_t count = 1;
+        for (const std::size_t d : c.input) count *= d;
+        const Array result =
+            call("epoch16Breakdown", {doubles(std::vector<double>(count, 1.0), c.input)})[0];
+        EXPECT_EQ(result.dims(), c.output) << ::testing::PrintToString(c.input);
+    }
+    EXPECT_EQ(call("epoch16Breakdown", {Array::empty()})[0].dims(), (Dims{10, 0}));
+}
+
+TEST(Epoch16Breakdown, LeavesTheHostsArrayUnchanged) {
+    // The library rewrites negative and clamped pairs in place; the gateway must hand
+    // it copies, so the very array the host passed keeps its values.
+    const std::vector<double> values{-63113904000.0, -5.0, 1e20, 5e12};
+    const std::array<Array, 2> inputs{Array::text("epoch16Breakdown"), doubles(values)};
+    const Array result = embedded::callWithInputs(inputs)[0];
+    EXPECT_EQ(elements(inputs[1]), values);
+    const auto out = result.data<double>();
+    EXPECT_EQ(out[0], 2000.0);
+    EXPECT_EQ(out[9], 5.0);
+    EXPECT_EQ(out[10], 9999.0);
+}
+
+}  // namespace
+}  // namespace cdfgate::testing

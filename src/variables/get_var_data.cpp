@@ -28,16 +28,16 @@ void getVarData(int, OutputSlot* plhs, int nrhs, const hvArray* const* prhs, con
         hvErrMsgId(QUORIN::imagesci::cdflib::cannotOmitDimSpec());
     }
     reverseForMajority(indices, readMajority(id));
-    indices.push_back(0);  // storage for the library even without dimensions
 
     checkDatatype(info.datatype);
     std::array<std::size_t, 2> dims{1, 1};
     if (info.datatype == CDF_EPOCH16) dims[0] = 2;
     if (isCharacterDatatype(info.datatype)) dims[0] = static_cast<std::size_t>(info.numElements);
+    long none = 0;
     plhs[0] = readValues(info.datatype, dims, [&](void* buffer) {
         errors::checkStatus(
             CDFlib(SELECT_, CDF_, id, zVAR_, varNum, zVAR_RECNUMBER_, recNum, zVAR_DIMINDICES_,
-                   indices.data(), GET_, zVAR_DATA_, buffer, NULL_),
+                   listArgument(indices, none), GET_, zVAR_DATA_, buffer, NULL_),
             "CDFgetzVarData");
     });
 }

@@ -43,15 +43,14 @@ void hyperGetVarData(int, OutputSlot* plhs, int, const hvArray* const* prhs, con
     const std::vector<std::size_t> dims = hyperslabDimensions(
         info.datatype, info.numElements, extents, std::max(recCount, 0L), majority);
 
-    dimStart.push_back(0);  // storage for the library even without dimensions
-    dimCount.push_back(1);
-    dimStride.push_back(1);
+    long none = 0;
     plhs[0] = readValues(info.datatype, dims, [&](void* buffer) {
         errors::checkStatus(
             CDFlib(SELECT_, CDF_, id, zVAR_, varNum, zVAR_RECNUMBER_, recStart, zVAR_RECCOUNT_,
-                   recCount, zVAR_RECINTERVAL_, recStride, zVAR_DIMINDICES_, dimStart.data(),
-                   zVAR_DIMCOUNTS_, dimCount.data(), zVAR_DIMINTERVALS_, dimStride.data(), GET_,
-                   zVAR_HYPERDATA_, buffer, NULL_),
+                   recCount, zVAR_RECINTERVAL_, recStride, zVAR_DIMINDICES_,
+                   listArgument(dimStart, none), zVAR_DIMCOUNTS_, listArgument(dimCount, none),
+                   zVAR_DIMINTERVALS_, listArgument(dimStride, none), GET_, zVAR_HYPERDATA_, buffer,
+                   NULL_),
             "CDFhyperGetzVarData");
     });
 }

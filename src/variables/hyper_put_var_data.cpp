@@ -56,14 +56,13 @@ void hyperPutVarData(int, OutputSlot*, int, const hvArray* const* prhs, const Co
     checkValueClass(value, info.datatype);
 
     WriteSource source(value, info.datatype, static_cast<std::size_t>(expected));
-    dimStart.push_back(0);  // storage for the library even without dimensions
-    dimCount.push_back(1);
-    dimStride.push_back(1);
+    long none = 0;
     errors::checkStatus(
         CDFlib(SELECT_, CDF_, id, zVAR_, varNum, zVAR_RECNUMBER_, recStart, zVAR_RECCOUNT_,
-               recCount, zVAR_RECINTERVAL_, recStride, zVAR_DIMINDICES_, dimStart.data(),
-               zVAR_DIMCOUNTS_, dimCount.data(), zVAR_DIMINTERVALS_, dimStride.data(), PUT_,
-               zVAR_HYPERDATA_, source.data(), NULL_),
+               recCount, zVAR_RECINTERVAL_, recStride, zVAR_DIMINDICES_,
+               listArgument(dimStart, none), zVAR_DIMCOUNTS_, listArgument(dimCount, none),
+               zVAR_DIMINTERVALS_, listArgument(dimStride, none), PUT_, zVAR_HYPERDATA_,
+               source.data(), NULL_),
         "CDFhyperPutzVarData");
 }
 

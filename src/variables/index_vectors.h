@@ -14,4 +14,10 @@ namespace cdfgate::gateway {
 // "argumentNotDoublePrecision" and the argument's name.
 std::vector<long> getIndexVector(const hvArray* array, const std::string& argumentName);
 
+// The list as the library's argument: it reads the pointer even for no dimensions,
+// so an empty list points at `none`.
+inline long* listArgument(std::vector<long>& list, long& none) noexcept {
+    return list.empty() ? &none : list.data();
+}
+
 }  // namespace cdfgate::gateway

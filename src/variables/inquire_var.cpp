@@ -12,7 +12,7 @@
 namespace cdfgate::gateway {
 namespace {
 
-matrix::array_ptr dimensionSizesRow(const std::vector<long>& sizes) {
+matrix::array_ptr dimensionSizesRow(std::span<const long> sizes) {
     const std::array<std::size_t, 2> dims = sizes.empty()
                                                 ? std::array<std::size_t, 2>{0, 0}
                                                 : std::array<std::size_t, 2>{1, sizes.size()};
@@ -36,7 +36,7 @@ void inquireVar(int nlhs, OutputSlot* plhs, int, const hvArray* const* prhs, con
     matrix::array_ptr datatype = datatypeNameLower(info.datatype);
     matrix::array_ptr numElements = createDoubleScalar(static_cast<double>(info.numElements));
     matrix::array_ptr dimSizes = dimensionSizesRow(info.dimSizes);
-    matrix::array_ptr recordVariance = variancesToLogical({info.recordVariance});
+    matrix::array_ptr recordVariance = variancesToLogical(std::array<long, 1>{info.recordVariance});
     matrix::array_ptr dimVariances = variancesToLogical(info.dimVariances);
     placeOutput(nlhs, plhs, 0, std::move(name));
     placeOutput(nlhs, plhs, 1, std::move(datatype));

@@ -21,8 +21,8 @@ inline bool isRowMajor(long majority) noexcept {
     return majority == ROW_MAJOR;
 }
 
-template <typename T>
-void reverseForMajority(std::vector<T>& list, long majority) {
+template <typename List>
+void reverseForMajority(List& list, long majority) {
     if (isRowMajor(majority)) std::reverse(list.begin(), list.end());
 }
 

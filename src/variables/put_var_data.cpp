@@ -31,10 +31,10 @@ void putVarData(int, OutputSlot*, int, const hvArray* const* prhs, const Command
 
     // All n characters of a text value are written, as for a whole record.
     WriteSource source(value, info.datatype, static_cast<std::size_t>(expected));
-    indices.push_back(0);  // storage for the library even without dimensions
+    long none = 0;
     errors::checkStatus(
         CDFlib(SELECT_, CDF_, id, zVAR_, varNum, zVAR_RECNUMBER_, recNum, zVAR_DIMINDICES_,
-               indices.data(), PUT_, zVAR_DATA_, source.data(), NULL_),
+               listArgument(indices, none), PUT_, zVAR_DATA_, source.data(), NULL_),
         "CDFputzVarData");
 }
 

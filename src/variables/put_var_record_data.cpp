@@ -15,7 +15,7 @@ void putVarRecordData(int, OutputSlot*, int, const hvArray* const* prhs, const C
     const hvArray* value = prhs[3];
     const VariableInfo info = inquireVariable(id, varNum);
 
-    std::vector<long> factors = info.dimSizes;
+    std::vector<long> factors(info.dimSizes.begin(), info.dimSizes.end());
     if (info.datatype == CDF_EPOCH16) factors.push_back(2);
     if (isCharacterDatatype(info.datatype)) factors.push_back(info.numElements);
     const long expected = expectedCount(factors);

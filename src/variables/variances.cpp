@@ -38,7 +38,7 @@ std::vector<long> parseVariance(const hvArray* array) {
     }
 }
 
-matrix::array_ptr variancesToLogical(const std::vector<long>& variances) {
+matrix::array_ptr variancesToLogical(std::span<const long> variances) {
     const std::array<std::size_t, 2> dims = variances.empty()
                                                 ? std::array<std::size_t, 2>{0, 0}
                                                 : std::array<std::size_t, 2>{1, variances.size()};

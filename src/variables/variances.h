@@ -2,6 +2,7 @@
 // library's VARY (-1) and NOVARY (0).
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "hv/array.h"
@@ -15,6 +16,6 @@ std::vector<long> parseVariance(const hvArray* array);
 
 // 1-by-n logical row (0-by-0 for an empty list); a value other than VARY or NOVARY
 // raises "unrecognizedValue" (value, "VARIANCE").
-matrix::array_ptr variancesToLogical(const std::vector<long>& variances);
+matrix::array_ptr variancesToLogical(std::span<const long> variances);
 
 }  // namespace cdfgate::gateway

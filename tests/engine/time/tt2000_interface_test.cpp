@@ -52,20 +52,6 @@ TEST(Tt2000Interface, NullPointerShortensTheOutputListAndTheLastCarriesTheRest) 
     EXPECT_DOUBLE_EQ(h, 12.0 + (30 * 60 + 15.25) / 3600.0);
 }
 
-TEST(Tt2000Interface, ReservedValuesBreakDownAsTheirTuples) {
-    std::array<double, 9> p{};
-    breakdownTT2000(FILLED_TT2000_VALUE, &p[0], &p[1], &p[2], &p[3], &p[4], &p[5], &p[6], &p[7],
-                    &p[8]);
-    EXPECT_EQ(p, (std::array<double, 9>{9999, 12, 31, 23, 59, 59, 999, 999, 999}));
-    breakdownTT2000(DEFAULT_TT2000_PADVALUE, &p[0], &p[1], &p[2], &p[3], &p[4], &p[5], &p[6], &p[7],
-                    &p[8]);
-    EXPECT_EQ(p, (std::array<double, 9>{0, 1, 1, 0, 0, 0, 0, 0, 0}));
-    EXPECT_EQ(fullForm(9999, 12, 31, 23, 59, 59, 999, 999, 999), FILLED_TT2000_VALUE);
-    EXPECT_EQ(fullForm(0, 1, 1, 0, 0, 0, 0, 0, 0), DEFAULT_TT2000_PADVALUE);
-}
-
-// Month limits past December follow the tables stored after the month lengths; where
-// those end (month 300 in a leap year) no month limit applies, whatever the month.
 TEST(Tt2000Interface, MonthsFarBeyondDecemberAreEncodedWithoutAMonthLimit) {
     EXPECT_EQ(fullForm(2000, 300, 1, 0, 0, 0, 0, 0, 0), ILLEGAL_TT2000_VALUE);
     for (const double month : {301.0, 5000.0, 1e9, 1e15}) {

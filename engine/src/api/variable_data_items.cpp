@@ -27,19 +27,22 @@ CDFstatus current_target(Call& call, Target& out) {
     return CDF_OK;
 }
 
-// The selections as a slab over every stored dimension of the variable. Dimensions
-// that the view hides (zMode 2 rVariables) take their one stored element.
-store::Hyperslab slab_of(const OpenCdf& cdf, VarRef ref, const VarSelection& sel, bool one_value) {
-    const Shape shape = variable_shape(cdf, ref);
+// The selections as a slab over every dimension of the variable. Dimensions that
+// the view hides (zMode 2 shows an rVariable's varying dimensions only; see
+// variable_shape) take their one stored element.
+store::Hyperslab slab_of(const OpenCdf& cdf, VarRef ref, const store::Variable& var,
+                         const VarSelection& sel, bool one_value) {
     store::Hyperslab slab;
     slab.rec_start = sel.rec_number;
     slab.rec_count = one_value ? 1 : sel.rec_count;
     slab.rec_interval = one_value ? 1 : sel.rec_interval;
+    const bool hide_fixed = !ref.z && cdf.zmode == zMODEon2;
+    const auto& varys = var.vdr.dim_varys;
     std::size_t shown = 0;
-    for (std::size_t d = 0; d < shape.stored.size() && d < store::kMaxDims; ++d) {
+    for (std::size_t d = 0; d < varys.size() && d < store::kMaxDims; ++d) {
         slab.counts[d] = 1;
         slab.intervals[d] = 1;
-        if (!shape.stored[d]) continue;
+        if (hide_fixed && varys[d] == 0) continue;
         slab.indices[d] = sel.indices[shown];
         if (!one_value) {
             slab.counts[d] = sel.counts[shown];
@@ -55,7 +58,7 @@ CDFstatus get_data(Call& call, bool one_value) {
     Target t;
     CDFGATE_TRY(current_target(call, t));
     store::Variable& var = variable(*t.cdf, t.ref);
-    const store::Hyperslab slab = slab_of(*t.cdf, t.ref, selection(*t.cdf, t.ref), one_value);
+    const store::Hyperslab slab = slab_of(*t.cdf, t.ref, var, selection(*t.cdf, t.ref), one_value);
     const Status status = store::read_slab(*t.cdf->file, var, slab, out);
     if (status.failed()) return status.code;
     if (t.cdf->decoding != HOST_DECODING) {
@@ -77,7 +80,7 @@ CDFstatus put_data(Call& call, bool one_value) {
     CDFGATE_TRY(current_target(call, t));
     CDFGATE_TRY(check_writable(*t.cdf));
     store::Variable& var = variable(*t.cdf, t.ref);
-    const store::Hyperslab slab = slab_of(*t.cdf, t.ref, selection(*t.cdf, t.ref), one_value);
+    const store::Hyperslab slab = slab_of(*t.cdf, t.ref, var, selection(*t.cdf, t.ref), one_value);
     return store::write_slab(*t.cdf->file, var, slab, in).code;
 }
 

@@ -17,6 +17,10 @@ namespace {
 
 // Partial records are read in chunks of consecutive records up to this size.
 constexpr std::int64_t kChunkBytes = std::int64_t{4} << 20;
+// Reads reaching over at most this many bytes go through the read-ahead window
+// of kWindowBytes.
+constexpr std::int64_t kSmallRead = 512;
+constexpr std::int64_t kWindowBytes = 16384;
 
 struct Source {
     bool stored = false;      // false: the pad value
@@ -87,6 +91,28 @@ struct SlabReader {
                (record - block.first) * shape.record_bytes;
     }
 
+    // A small read served from the variable's read-ahead window, refilled with up
+    // to kWindowBytes of the block when it does not hold the bytes.
+    Status through_window(const Block& block, std::int64_t record, std::int64_t n,
+                          std::int64_t reach, std::uint8_t* out) {
+        ReadWindow& window = index.window();
+        const std::int64_t at = record_at(block, record) + plan.span_begin();
+        if (!window.covers(at, reach)) {
+            const auto file_size = static_cast<std::int64_t>(cdf.file().size());
+            const std::int64_t end = std::min(block.offset + block.size, file_size);
+            const std::int64_t size = std::max(std::min(kWindowBytes, end - at), reach);
+            window.offset = -1;
+            window.bytes.resize(static_cast<std::size_t>(size));
+            CDFGATE_TRY(cdf.file().read(static_cast<std::uint64_t>(at), window.bytes));
+            window.offset = at;
+        }
+        const std::uint8_t* first = window.bytes.data() + (at - window.offset);
+        const std::int64_t step = slab.rec_interval * shape.record_bytes;
+        for (std::int64_t i = 0; i < n; ++i)
+            plan.gather(first + i * step, out + i * plan.box_bytes());
+        return kOk;
+    }
+
     // Reads n records, slab.rec_interval apart from src.record, into out.
     Status stored(const Source& src, std::int64_t n, std::uint8_t* out) {
         const Block& block = *src.block;
@@ -101,11 +127,13 @@ struct SlabReader {
             for (std::int64_t i = 0; i < n; ++i) plan.gather(first + i * step, out + i * box);
             return kOk;
         }
+        const std::int64_t span = plan.span_end() - plan.span_begin();
+        const std::int64_t reach = (n - 1) * step + span;
+        if (reach <= kSmallRead) return through_window(block, src.record, n, reach, out);
         if (plan.whole_record() && slab.rec_interval == 1) {
             return cdf.file().read(static_cast<std::uint64_t>(record_at(block, src.record)),
                                    {out, static_cast<std::size_t>(n * shape.record_bytes)});
         }
-        const std::int64_t span = plan.span_end() - plan.span_begin();
         std::int64_t done = 0;
         while (done < n) {
             // As many of the remaining records as fit in one chunk (at least one).
@@ -139,7 +167,7 @@ Status read_slab(const CdfFile& cdf, Variable& var, const Hyperslab& slab, void*
     if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
     const SlabPlan plan(shape, slab);
     CDFGATE_TRY(index.load(cdf, var, shape.record_bytes));
-    const std::vector<std::uint8_t> pad = stored_pad(cdf, var);
+    std::vector<std::uint8_t> pad;  // made when a record needs it
 
     auto* const out = static_cast<std::uint8_t*>(out_ptr);
     const std::int64_t box = plan.box_bytes();
@@ -151,6 +179,7 @@ Status read_slab(const CdfFile& cdf, Variable& var, const Hyperslab& slab, void*
         const Source src = resolve(var, index, record, k == 0);
         any_virtual = any_virtual || src.is_virtual;
         if (!src.stored) {
+            if (pad.empty()) pad = stored_pad(cdf, var);
             fill_values(dst, box_values, pad);
             ++k;
             continue;

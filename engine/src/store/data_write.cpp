@@ -168,6 +168,7 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
     const SlabPlan plan(shape, slab);
     CDFGATE_TRY(index.load(cdf, var, shape.record_bytes));
+    index.drop_caches();
 
     const auto* values = static_cast<const std::uint8_t*>(in);
     const std::int64_t box = plan.box_bytes();
@@ -244,6 +245,7 @@ Status write_initial_records(CdfFile& cdf, Variable& var, std::int64_t count) {
     if (!cdf.single_file() || var.compressed()) return UNSUPPORTED_OPERATION;
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
     CDFGATE_TRY(var.index.load(cdf, var, shape.record_bytes));
+    var.index.drop_caches();
     const std::int64_t last = shape.rec_vary ? count - 1 : 0;
     if (last > std::numeric_limits<std::int32_t>::max()) return BAD_INITIAL_RECS;
     SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}};
@@ -268,6 +270,7 @@ Status allocate_records(CdfFile& cdf, Variable& var, std::int64_t first, std::in
     if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
     CDFGATE_TRY(var.index.load(cdf, var, shape.record_bytes));
+    var.index.drop_caches();
     SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}};
     const std::int64_t allocated = var.index.max_allocated();
     Status status = kOk;

@@ -51,6 +51,18 @@ struct BlockCache {
     std::vector<std::uint8_t> bytes;
 };
 
+// Bytes of a VVR read ahead for small reads (single values, short records), so
+// that a run of them costs one positioned read. Writes to the variable drop it.
+struct ReadWindow {
+    std::int64_t offset = -1;  // file offset of bytes[0]; -1 when empty
+    std::vector<std::uint8_t> bytes;
+
+    bool covers(std::int64_t at, std::int64_t size) const {
+        return offset >= 0 && at >= offset &&
+               at + size <= offset + static_cast<std::int64_t>(bytes.size());
+    }
+};
+
 class RecordIndex {
   public:
     bool loaded() const { return loaded_; }
@@ -83,6 +95,12 @@ class RecordIndex {
                              bool& extended);
 
     BlockCache& cache() { return cache_; }
+    ReadWindow& window() { return window_; }
+    // Forgets the bytes read ahead or inflated (after the variable's data change).
+    void drop_caches() {
+        cache_.offset = 0;
+        window_.offset = -1;
+    }
 
     // The VXRs (for tests): node numbers of the chain hanging from VXRhead.
     std::span<const IndexNode> nodes() const { return nodes_; }
@@ -109,6 +127,7 @@ class RecordIndex {
     std::vector<IndexNode> nodes_;
     std::vector<std::size_t> top_;  // chain from VXRhead
     BlockCache cache_;
+    ReadWindow window_;
 };
 
 }  // namespace cdfgate::engine::store

@@ -4,14 +4,20 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace cdfgate::engine::io {
 
 File::File(File&& other) noexcept
-    : fd_(std::exchange(other.fd_, -1)), writable_(other.writable_), size_(other.size_) {}
+    : fd_(std::exchange(other.fd_, -1)),
+      writable_(other.writable_),
+      size_(other.size_),
+      ahead_(std::move(other.ahead_)),
+      ahead_at_(other.ahead_at_) {}
 
 File& File::operator=(File&& other) noexcept {
     if (this != &other) {
@@ -19,6 +25,8 @@ File& File::operator=(File&& other) noexcept {
         fd_ = std::exchange(other.fd_, -1);
         writable_ = other.writable_;
         size_ = other.size_;
+        ahead_ = std::move(other.ahead_);
+        ahead_at_ = other.ahead_at_;
     }
     return *this;
 }
@@ -78,9 +86,28 @@ Status File::create_scratch(File& out) {
     return kOk;
 }
 
+namespace {
+constexpr std::size_t kSmallRead = 4096;
+constexpr std::uint64_t kReadAhead = 65536;
+}  // namespace
+
 Status File::read(std::uint64_t offset, std::span<std::uint8_t> out) const {
     if (fd_ < 0) return CDF_READ_ERROR;
     if (offset > size_ || out.size() > size_ - offset) return CDF_READ_ERROR;
+    if (out.size() > kSmallRead) return read_direct(offset, out);
+    if (offset < ahead_at_ || offset + out.size() > ahead_at_ + ahead_.size()) {
+        ahead_.resize(static_cast<std::size_t>(std::min(kReadAhead, size_ - offset)));
+        if (const Status s = read_direct(offset, ahead_); s.failed()) {
+            ahead_.clear();
+            return s;
+        }
+        ahead_at_ = offset;
+    }
+    if (!out.empty()) std::memcpy(out.data(), ahead_.data() + (offset - ahead_at_), out.size());
+    return kOk;
+}
+
+Status File::read_direct(std::uint64_t offset, std::span<std::uint8_t> out) const {
     std::size_t done = 0;
     while (done < out.size()) {
         const ssize_t n =
@@ -94,6 +121,7 @@ Status File::read(std::uint64_t offset, std::span<std::uint8_t> out) const {
 
 Status File::write(std::uint64_t offset, std::span<const std::uint8_t> bytes) {
     if (fd_ < 0 || !writable_) return CDF_WRITE_ERROR;
+    ahead_.clear();
     std::size_t done = 0;
     while (done < bytes.size()) {
         const ssize_t n = ::pwrite(fd_, bytes.data() + done, bytes.size() - done,
@@ -108,6 +136,7 @@ Status File::write(std::uint64_t offset, std::span<const std::uint8_t> bytes) {
 
 Status File::truncate(std::uint64_t size) {
     if (fd_ < 0 || !writable_) return CDF_WRITE_ERROR;
+    ahead_.clear();
     if (::ftruncate(fd_, static_cast<off_t>(size)) != 0) return CDF_WRITE_ERROR;
     size_ = size;
     return kOk;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "io/status.h"
 
@@ -33,6 +34,8 @@ class File {
     std::uint64_t size() const { return size_; }
 
     // Reads exactly out.size() bytes at offset; CDF_READ_ERROR when short or failed.
+    // Small reads (record headers, descriptors) come from a read-ahead buffer so
+    // that walking many small records takes few system calls; writes drop it.
     Status read(std::uint64_t offset, std::span<std::uint8_t> out) const;
     // Writes all bytes at offset, growing the file as needed.
     Status write(std::uint64_t offset, std::span<const std::uint8_t> bytes);
@@ -43,9 +46,13 @@ class File {
   private:
     friend Status overwrite_file(const std::string& path, std::span<const std::uint8_t> bytes);
 
+    Status read_direct(std::uint64_t offset, std::span<std::uint8_t> out) const;
+
     int fd_ = -1;
     bool writable_ = false;
     std::uint64_t size_ = 0;
+    mutable std::vector<std::uint8_t> ahead_;  // bytes from ahead_at_ on
+    mutable std::uint64_t ahead_at_ = 0;
 };
 
 // Replaces the contents of an existing or new file at path.

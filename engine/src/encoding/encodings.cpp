@@ -7,6 +7,7 @@
 #include "cdf.h"
 #include "encoding/byte_order.h"
 #include "encoding/data_types.h"
+#include "encoding/host_order.h"
 
 namespace cdfgate::engine::encoding {
 
@@ -44,16 +45,6 @@ long host_encoding() {
 namespace {
 
 // VAX values are 16-bit little-endian words, most significant word first.
-std::uint32_t load_vax32(const std::uint8_t* p) {
-    const std::uint32_t hi = std::uint32_t{p[0]} | (std::uint32_t{p[1]} << 8);
-    const std::uint32_t lo = std::uint32_t{p[2]} | (std::uint32_t{p[3]} << 8);
-    return (hi << 16) | lo;
-}
-
-std::uint64_t load_vax64(const std::uint8_t* p) {
-    return (std::uint64_t{load_vax32(p)} << 32) | load_vax32(p + 4);
-}
-
 void store_vax32(std::uint8_t* p, std::uint32_t v) {
     p[0] = static_cast<std::uint8_t>(v >> 16);
     p[1] = static_cast<std::uint8_t>(v >> 24);
@@ -64,42 +55,6 @@ void store_vax32(std::uint8_t* p, std::uint32_t v) {
 void store_vax64(std::uint8_t* p, std::uint64_t v) {
     store_vax32(p, static_cast<std::uint32_t>(v >> 32));
     store_vax32(p + 4, static_cast<std::uint32_t>(v));
-}
-
-float vax_f_to_ieee(std::uint32_t v) {
-    const bool negative = (v >> 31) != 0;
-    const int e = static_cast<int>((v >> 23) & 0xFF);
-    const std::uint32_t f = v & 0x7FFFFF;
-    if (e == 0) return negative ? -0.0f : 0.0f;
-    const double mag = std::ldexp(1.0 + f / 8388608.0, e - 129);
-    return static_cast<float>(negative ? -mag : mag);
-}
-
-double vax_g_to_ieee(std::uint64_t v) {
-    const bool negative = (v >> 63) != 0;
-    const int e = static_cast<int>((v >> 52) & 0x7FF);
-    const std::uint64_t f = v & 0xFFFFFFFFFFFFFULL;
-    if (e == 0) return negative ? -0.0 : 0.0;
-    if (e > 2) {
-        std::uint64_t bits = (v & 0x800FFFFFFFFFFFFFULL) | (std::uint64_t(e - 2) << 52);
-        double d;
-        std::memcpy(&d, &bits, 8);
-        return d;
-    }
-    const double mag = std::ldexp(1.0 + static_cast<double>(f) / 4503599627370496.0, e - 1025);
-    return negative ? -mag : mag;
-}
-
-double vax_d_to_ieee(std::uint64_t v) {
-    const bool negative = (v >> 63) != 0;
-    const std::uint64_t e = (v >> 55) & 0xFF;
-    const std::uint64_t f = v & 0x7FFFFFFFFFFFFFULL;
-    if (e == 0) return negative ? -0.0 : 0.0;
-    const std::uint64_t bits =
-        (negative ? 0x8000000000000000ULL : 0) | ((e + 894) << 52) | (f >> 3);
-    double d;
-    std::memcpy(&d, &bits, 8);
-    return d;
 }
 
 // IEEE to VAX: out-of-range magnitudes clamp to the largest finite value, tiny
@@ -151,24 +106,7 @@ bool is_float_type(long t) {
 }  // namespace
 
 void decode_values(std::uint8_t* data, std::size_t count, long data_type, long file_encoding) {
-    const EncodingInfo info = encoding_info(file_encoding);
-    if (info.floats != FloatForm::ieee && is_float_type(data_type)) {
-        for_each_float(data, count, data_type, [&](std::uint8_t* p, std::size_t width) {
-            if (width == 4) {
-                const float v = vax_f_to_ieee(load_vax32(p));
-                std::memcpy(p, &v, 4);
-            } else {
-                const std::uint64_t raw = load_vax64(p);
-                const double v =
-                    info.floats == FloatForm::vax_g ? vax_g_to_ieee(raw) : vax_d_to_ieee(raw);
-                std::memcpy(p, &v, 8);
-            }
-        });
-        return;
-    }
-    if (info.big_endian == !kHostIsLittleEndian) return;
-    swap_elements(data, count * (element_size(data_type) / swap_unit(data_type)),
-                  swap_unit(data_type));
+    file_to_host(data, count, data_type, file_encoding);
 }
 
 void encode_values(std::uint8_t* data, std::size_t count, long data_type, long file_encoding) {

@@ -113,4 +113,76 @@ TEST_F(WorkedExample, ChecksummedFile) {
     expect_same("sum", "checksum_md5.cdf");
 }
 
+TEST_F(WorkedExample, ValuesInNetworkAndVaxEncodings) {
+    const struct {
+        long encoding;
+        const char* sample;
+    } rows[] = {{NETWORK_ENCODING, "encoding_network.cdf"},
+                {VAX_ENCODING, "encoding_vax.cdf"},
+                {ALPHAVMSg_ENCODING, "encoding_alphavmsg.cdf"}};
+    for (const auto& row : rows) {
+        const std::string name = "enc" + std::to_string(row.encoding);
+        CDFid id = create(name, false);
+        ASSERT_EQ(CDFlib(PUT_, CDF_ENCODING_, row.encoding, NULL_), CDF_OK);
+        long attr = -1;
+        ASSERT_EQ(CDFlib(CREATE_, ATTR_, "A", GLOBAL_SCOPE, &attr, NULL_), CDF_OK);
+        float r4[] = {1.0f, -2.5f, 3.0e-39f, 1.0e30f};
+        double r8[] = {1.0, -2.5, 1.0e-300, 0.1};
+        short i2 = 0x0102;
+        int i4 = 0x01020304;
+        long long i8 = 0x0102030405060708LL;
+        double epoch = 63113904000000.0;
+        double epoch16[] = {63113904000.0, 1.0};
+        long long tt2000 = 0;
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_REAL4, 4, r4), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 1, CDF_REAL8, 4, r8), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 2, CDF_INT2, 1, &i2), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 3, CDF_INT4, 1, &i4), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 4, CDF_INT8, 1, &i8), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 5, CDF_EPOCH, 1, &epoch), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 6, CDF_EPOCH16, 1, epoch16), CDF_OK);
+        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 7, CDF_TIME_TT2000, 1, &tt2000), CDF_OK);
+        long var = -1;
+        ASSERT_EQ(
+            CDFlib(CREATE_, zVAR_, "R4", CDF_REAL4, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
+            CDF_OK);
+        ASSERT_EQ(
+            CDFlib(CREATE_, zVAR_, "R8", CDF_REAL8, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
+            CDF_OK);
+        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
+        expect_same(name, row.sample);
+    }
+}
+
+TEST_F(WorkedExample, ValuesReadBackFromOtherEncodings) {
+    for (const char* sample :
+         {"encoding_network.cdf", "encoding_vax.cdf", "encoding_alphavmsg.cdf"}) {
+        CDFid id = nullptr;
+        const std::string file = shared_data(std::string("format/") + sample).string();
+        ASSERT_EQ(CDFlib(OPEN_, CDF_, file.c_str(), &id, NULL_), CDF_OK) << sample;
+        float r4[4] = {};
+        double r8[4] = {};
+        long long i8 = 0;
+        double epoch16[2] = {};
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 0, r4), CDF_OK);
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 1, r8), CDF_OK);
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 4, &i8), CDF_OK);
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 6, epoch16), CDF_OK);
+        EXPECT_EQ(r4[0], 1.0f) << sample;
+        EXPECT_EQ(r4[1], -2.5f) << sample;
+        EXPECT_EQ(r4[2], 3.0e-39f) << sample;
+        EXPECT_EQ(r4[3], 1.0e30f) << sample;
+        EXPECT_EQ(r8[1], -2.5) << sample;
+        EXPECT_EQ(r8[3], 0.1) << sample;
+        // The smallest D_FLOAT magnitude stands in for 1.0e-300 in the VAX file.
+        EXPECT_EQ(r8[2],
+                  std::string(sample) == "encoding_vax.cdf" ? 2.9387358770557188e-39 : 1.0e-300)
+            << sample;
+        EXPECT_EQ(i8, 0x0102030405060708LL) << sample;
+        EXPECT_EQ(epoch16[0], 63113904000.0) << sample;
+        EXPECT_EQ(epoch16[1], 1.0) << sample;
+        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
+    }
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "attribute_test_files.h"
+#include "attributes/attribute_scope.h"
 
 namespace cdfgate::testing {
 namespace {
@@ -117,6 +118,16 @@ TEST_F(AttributeCommands, EntryCountsAndMaximaFollowTheEntryKind) {
     EXPECT_EQ(call("getAttrMaxgEntry", {id(), number(0)}).at(0), Array::scalar(9));
     EXPECT_EQ(call("getNumAttrEntries", {id(), number(1)}).at(0), Array::scalar(2));
     EXPECT_EQ(call("getAttrMaxEntry", {id(), number(1)}).at(0), Array::scalar(4));
+}
+
+TEST(AttributeScopeNames, OnlyTheTwoScopesHaveNames) {
+    EXPECT_EQ(gateway::scopeName(GLOBAL_SCOPE), "GLOBAL_SCOPE");
+    EXPECT_EQ(gateway::scopeName(VARIABLE_SCOPE), "VARIABLE_SCOPE");
+    // The assumed scopes of old files are not folded into the two names.
+    for (const long scope : {0L, 3L, 4L, -1L}) {
+        expectHostError([&] { gateway::scopeName(scope); }, cdflibId("unrecognizedValue"),
+                        {std::int64_t{scope}, std::string("SCOPE")});
+    }
 }
 
 // A command, its inputs after the CDFID, and the failure it reports.

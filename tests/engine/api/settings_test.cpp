@@ -1,0 +1,232 @@
+// File settings (format, majority, encoding, checksum, compression), read-only
+// mode, cache sizes, reserve percentage and the CDF's version and notice.
+#include <array>
+#include <cstring>
+#include <string>
+
+#include "cdf_fixture.h"
+
+namespace {
+
+class Settings : public cdfgate::test::CdfTest {};
+
+TEST_F(Settings, NewCdfDefaults) {
+    create("d");
+    long v = 0, r = 0, i = 0, fmt = 0, maj = 0, enc = 0, sum = 0;
+    ASSERT_EQ(CDFlib(GET_, CDF_VERSION_, &v, CDF_RELEASE_, &r, CDF_INCREMENT_, &i, CDF_FORMAT_,
+                     &fmt, CDF_MAJORITY_, &maj, CDF_ENCODING_, &enc, CDF_CHECKSUM_, &sum, NULL_),
+              CDF_OK);
+    EXPECT_EQ(v * 100 + r * 10 + i, 364);
+    EXPECT_EQ(fmt, SINGLE_FILE);
+    EXPECT_EQ(maj, ROW_MAJOR);
+    EXPECT_EQ(enc, IBMPC_ENCODING);
+    EXPECT_EQ(sum, NO_CHECKSUM);
+    long ro = -9, zm = -9, dec = -9, neg = -9, c1 = 0, c2 = 0, c3 = 0;
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_READONLY_MODE_, &ro, CDF_zMODE_, &zm, CDF_DECODING_, &dec,
+                     CDF_NEGtoPOSfp0_MODE_, &neg, CDF_CACHESIZE_, &c1, STAGE_CACHESIZE_, &c2,
+                     COMPRESS_CACHESIZE_, &c3, NULL_),
+              CDF_OK);
+    EXPECT_EQ(ro, READONLYoff);
+    EXPECT_EQ(zm, zMODEoff);
+    EXPECT_EQ(dec, HOST_DECODING);
+    EXPECT_EQ(neg, NEGtoPOSfp0off);
+    EXPECT_EQ(c1, 300);
+    EXPECT_EQ(c2, 125);
+    EXPECT_EQ(c3, 80);
+    long type = -9, parms[CDF_MAX_PARMS] = {-9}, pct = -9, sizes[CDF_MAX_DIMS] = {-9};
+    ASSERT_EQ(CDFlib(GET_, CDF_COMPRESSION_, &type, parms, &pct, rVARs_DIMSIZES_, sizes, NULL_),
+              CDF_OK);
+    EXPECT_EQ(type, NO_COMPRESSION);
+    EXPECT_EQ(parms[0], -9);
+    EXPECT_EQ(pct, 100);
+    EXPECT_EQ(sizes[0], -9);
+    char notice[CDF_COPYRIGHT_LEN + 1];
+    ASSERT_EQ(CDFlib(GET_, CDF_COPYRIGHT_, notice, NULL_), CDF_OK);
+    EXPECT_EQ(std::strlen(notice), 197u);
+    EXPECT_EQ(notice[0], '\n');
+}
+
+TEST_F(Settings, CacheSizes) {
+    create("c");
+    long n = 0;
+    const struct {
+        long item, value, status, confirmed;
+    } rows[] = {{CDF_CACHESIZE_, 50, CDF_OK, 50},
+                {CDF_CACHESIZE_, 0, CDF_OK, 300},
+                {CDF_CACHESIZE_, -3, BAD_CACHE_SIZE, 300},
+                {STAGE_CACHESIZE_, 7, CDF_OK, 7},
+                {STAGE_CACHESIZE_, 0, CDF_OK, 125},
+                {COMPRESS_CACHESIZE_, 9, CDF_OK, 9},
+                {COMPRESS_CACHESIZE_, -1, BAD_CACHE_SIZE, 9}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(CDFlib(SELECT_, row.item, row.value, NULL_), row.status);
+        ASSERT_EQ(CDFlib(CONFIRM_, row.item, &n, NULL_), CDF_OK);
+        EXPECT_EQ(n, row.confirmed) << row.item << " " << row.value;
+    }
+    create_zvar("v", CDF_INT4, 1);
+    n = -9;
+    EXPECT_EQ(CDFlib(SELECT_, zVARs_CACHESIZE_, 5L, NULL_), SINGLE_FILE_FORMAT);
+    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_CACHESIZE_, &n, NULL_), SINGLE_FILE_FORMAT);
+    EXPECT_EQ(n, -9);
+    EXPECT_EQ(CDFlib(CLOSE_, zVAR_, NULL_), SINGLE_FILE_FORMAT);
+    long p = -9;
+    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_), NA_FOR_VARIABLE);
+    EXPECT_EQ(p, 0);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, -5L, NULL_), BAD_COMPRESSION_PARM);
+}
+
+TEST_F(Settings, FormatMajorityAndEncodingBecomeFixed) {
+    create("f");
+    const auto put = [](long item, long value) { return CDFlib(PUT_, item, value, NULL_); };
+    EXPECT_EQ(put(CDF_FORMAT_, 3), BAD_FORMAT);
+    EXPECT_EQ(put(CDF_MAJORITY_, 0), BAD_MAJORITY);
+    EXPECT_EQ(put(CDF_ENCODING_, 10), BAD_ENCODING);
+    EXPECT_EQ(put(CDF_ENCODING_, 17), BAD_ENCODING);
+    EXPECT_EQ(put(CDF_ENCODING_, HOST_ENCODING), CDF_OK);
+    long enc = 0;
+    ASSERT_EQ(CDFlib(GET_, CDF_ENCODING_, &enc, NULL_), CDF_OK);
+    EXPECT_EQ(enc, IBMPC_ENCODING);
+    EXPECT_EQ(put(CDF_FORMAT_, MULTI_FILE), CDF_OK);
+    EXPECT_EQ(put(CDF_CHECKSUM_, MD5_CHECKSUM), CANNOT_CHANGE);  // multi-file
+    EXPECT_EQ(put(CDF_FORMAT_, SINGLE_FILE), CDF_OK);
+
+    create_zvar("v", CDF_INT4, 1);
+    EXPECT_EQ(put(CDF_FORMAT_, MULTI_FILE), CANNOT_CHANGE);
+    EXPECT_EQ(put(CDF_ENCODING_, NETWORK_ENCODING), CANNOT_CHANGE);
+    EXPECT_EQ(put(CDF_MAJORITY_, COLUMN_MAJOR), CDF_OK);  // no value written yet
+    EXPECT_EQ(put(CDF_CHECKSUM_, OTHER_CHECKSUM), CDF_OK);
+    EXPECT_EQ(put(CDF_CHECKSUM_, 7), BAD_CHECKSUM);
+    long sum = 0;
+    ASSERT_EQ(CDFlib(GET_, CDF_CHECKSUM_, &sum, NULL_), CDF_OK);
+    EXPECT_EQ(sum, OTHER_CHECKSUM);
+}
+
+TEST_F(Settings, AnEntryFixesTheEncodingButNotTheMajority) {
+    CDFid id = create("e");
+    const long g = create_attr("g", GLOBAL_SCOPE);
+    char x = 'x';
+    ASSERT_EQ(CDFputAttrEntry(id, 1, g, 0, CDF_CHAR, 1, &x), CDF_OK);
+    EXPECT_EQ(CDFlib(PUT_, CDF_ENCODING_, NETWORK_ENCODING, NULL_), CANNOT_CHANGE);
+    EXPECT_EQ(CDFlib(PUT_, CDF_MAJORITY_, COLUMN_MAJOR, NULL_), CDF_OK);
+    EXPECT_EQ(CDFlib(PUT_, CDF_FORMAT_, MULTI_FILE, NULL_), CDF_OK);
+}
+
+TEST_F(Settings, ReadOnlyModeRefusesChanges) {
+    CDFid id = create("ro");
+    create_zvar("v", CDF_INT4, 1);
+    create_attr("a", GLOBAL_SCOPE);
+    ASSERT_EQ(close(id), CDF_OK);
+    ASSERT_EQ(open("ro", id), CDF_OK);
+    EXPECT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, 1L, NULL_), BAD_READONLY_MODE);
+    ASSERT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, READONLYon, NULL_), CDF_OK);
+    long mode = 0, num = -9, type = 0;
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_READONLY_MODE_, &mode, NULL_), CDF_OK);
+    EXPECT_EQ(mode, READONLYon);
+    int pad = 5;
+    const struct {
+        const char* label;
+        CDFstatus status;
+    } rows[] = {
+        {"create variable",
+         CDFlib(CREATE_, zVAR_, "w", CDF_INT4, 1L, 0L, nullptr, VARY, nullptr, &num, NULL_)},
+        {"create attribute", CDFlib(CREATE_, ATTR_, "b", GLOBAL_SCOPE, &num, NULL_)},
+        {"pad value", CDFlib(SELECT_, zVAR_, 0L, PUT_, zVAR_PADVALUE_, &pad, NULL_)},
+        {"rename", CDFlib(SELECT_, zVAR_, 0L, PUT_, zVAR_NAME_, "w", NULL_)},
+        {"checksum", CDFlib(PUT_, CDF_CHECKSUM_, MD5_CHECKSUM, NULL_)},
+        {"delete variable", CDFlib(SELECT_, zVAR_, 0L, DELETE_, zVAR_, NULL_)},
+        {"compression", CDFlib(SELECT_, zVAR_, 0L, PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION,
+                               std::array<long, 1>{6}.data(), NULL_)},
+        {"entry", CDFputAttrEntry(id, 1, 0, 0, CDF_INT4, 1, &pad)},
+    };
+    for (const auto& row : rows) EXPECT_EQ(row.status, READ_ONLY_MODE) << row.label;
+    EXPECT_EQ(num, -9);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_DATATYPE_, &type, NULL_), CDF_OK);
+    EXPECT_EQ(type, CDF_INT4);
+}
+
+TEST_F(Settings, ReadOnlyModeStaysOffOnAChangedCdf) {
+    create("n");
+    ASSERT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, READONLYon, NULL_), CDF_OK);
+    long mode = -9;
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_READONLY_MODE_, &mode, NULL_), CDF_OK);
+    EXPECT_EQ(mode, READONLYoff);
+    EXPECT_EQ(create_attr("still", GLOBAL_SCOPE), 0);
+}
+
+TEST_F(Settings, VariableSettingsBeforeAnyRecord) {
+    create("vs");
+    create_zvar("v", CDF_INT4, 1);
+    long value = -9;
+    EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, 3L, NULL_), UNKNOWN_SPARSENESS);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, -1L, NULL_), UNKNOWN_SPARSENESS);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, PREV_SPARSERECORDS, GET_, zVAR_SPARSERECORDS_,
+                     &value, NULL_),
+              CDF_OK);
+    EXPECT_EQ(value, PREV_SPARSERECORDS);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, -1L, NULL_), BAD_BLOCKING_FACTOR);
+    long parms[] = {10};
+    EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, 4L, parms, NULL_), UNKNOWN_COMPRESSION);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, parms, NULL_),
+              BAD_COMPRESSION_PARM);
+    parms[0] = 6;
+    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, parms, NULL_), CDF_OK);
+    long type = -9, got[CDF_MAX_PARMS] = {}, pct = -9, p = -9;
+    ASSERT_EQ(CDFlib(GET_, zVAR_COMPRESSION_, &type, got, &pct, NULL_), CDF_OK);
+    EXPECT_EQ(type, GZIP_COMPRESSION);
+    EXPECT_EQ(got[0], 6);
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, 20L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_),
+              CDF_OK);
+    EXPECT_EQ(p, 20);
+
+    long nrv = -1;
+    ASSERT_EQ(CDFlib(CREATE_, zVAR_, "n", CDF_INT4, 1L, 0L, nullptr, NOVARY, nullptr, &nrv, NULL_),
+              CDF_OK);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 10L, NULL_), FORCED_PARAMETER);
+    ASSERT_EQ(CDFlib(GET_, zVAR_BLOCKINGFACTOR_, &value, NULL_), CDF_OK);
+    EXPECT_EQ(value, 1);
+}
+
+TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
+    create("p");
+    const struct {
+        long type;
+        long long expected;
+    } rows[] = {{CDF_INT1, -127}, {CDF_INT2, -32767}, {CDF_INT4, -2147483647},
+                {CDF_UINT1, 254}, {CDF_UINT2, 65534}, {CDF_UINT4, 4294967294LL}};
+    for (const auto& row : rows) {
+        create_zvar(("v" + std::to_string(row.type)).c_str(), row.type, 1);
+        long long raw = 0;
+        ASSERT_EQ(CDFlib(GET_, zVAR_PADVALUE_, &raw, CONFIRM_, zVAR_PADVALUE_, NULL_), CDF_OK);
+        long long value = 0;
+        switch (row.type) {
+            case CDF_INT1:
+                value = static_cast<signed char>(raw);
+                break;
+            case CDF_INT2:
+                value = static_cast<short>(raw);
+                break;
+            case CDF_INT4:
+                value = static_cast<int>(raw);
+                break;
+            case CDF_UINT1:
+                value = static_cast<unsigned char>(raw);
+                break;
+            case CDF_UINT2:
+                value = static_cast<unsigned short>(raw);
+                break;
+            default:
+                value = static_cast<unsigned int>(raw);
+                break;
+        }
+        EXPECT_EQ(value, row.expected) << row.type;
+    }
+    create_zvar("c", CDF_CHAR, 4);
+    char pad[5] = "####";
+    ASSERT_EQ(CDFlib(GET_, zVAR_PADVALUE_, pad, NULL_), CDF_OK);
+    EXPECT_STREQ(pad, "    ");
+    char set[] = {'a', 0, 'b', 'c'};
+    ASSERT_EQ(CDFlib(PUT_, zVAR_PADVALUE_, set, GET_, zVAR_PADVALUE_, pad, NULL_), CDF_OK);
+    EXPECT_STREQ(pad, "a   ");
+}
+
+}  // namespace

@@ -95,5 +95,22 @@ TEST(PadValue, RefusalsOfTheArgumentsAndTheLibrary) {
                     {std::string("CDFinquirezVar"), statusText(NO_SUCH_VAR)});
 }
 
+TEST(PadValue, UnwrittenRecordsReadAsThePadEverySecondRecordApart) {
+    ScratchCdf cdf(ROW_MAJOR);
+    const Array var = Array::scalar(cdf.createVar("v", CDF_INT2, 1, {2}));
+    setPad(cdf, 0, Array::of<std::int16_t>({-7}));
+    embedded::call("putVarRecordData",
+                   {cdf.id(), var, Array::scalar(2), Array::of<std::int16_t>({5, 6})}, 0);
+    const auto slab = [&](double recStart, double recCount, double recStride) {
+        return callOne("hyperGetVarData", {cdf.id(), var, Array::scalar(recStart),
+                                           Array::scalar(recCount), Array::scalar(recStride),
+                                           Array::scalar(0), Array::scalar(2), Array::scalar(1)});
+    };
+    EXPECT_EQ(slab(0, 3, 1), Array::of<std::int16_t>({-7, -7, -7, -7, 5, 6}, {2, 3}));
+    EXPECT_EQ(slab(0, 2, 2), Array::of<std::int16_t>({-7, -7, 5, 6}, {2, 2}));
+    EXPECT_EQ(callOne("getVarRecordData", {cdf.id(), var, Array::scalar(1)}),
+              Array::of<std::int16_t>({-7, -7}, {2, 1}));
+}
+
 }  // namespace
 }  // namespace cdfgate::testing

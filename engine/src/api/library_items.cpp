@@ -3,8 +3,10 @@
 #include <cstring>
 
 #include "api/call.h"
+#include "api/file_names.h"
 #include "api/library_info.h"
 #include "api/status_text.h"
+#include "store/whole_file.h"
 
 namespace cdfgate::engine::api {
 namespace {
@@ -17,6 +19,25 @@ CDFstatus select_cdf(Call& call) {
     }
     if (call.lib.find(id) == nullptr) return BAD_CDF_ID;
     call.lib.current = key_of(id);
+    return CDF_OK;
+}
+
+// GET_ CDF_INFO_: compression and sizes of a CDF file named like OPEN_ names it.
+CDFstatus file_info(Call& call) {
+    const char* const name = call.args.next<char>();
+    long* const type = call.args.next<long>();
+    long* const parms = call.args.next<long>();
+    long long* const stored = call.args.next<long long>();
+    long long* const expanded = call.args.next<long long>();
+    std::string path;
+    CDFGATE_TRY(path_to_open(name ? name : "", path).code);
+    format::Cpr cpr;
+    std::int64_t c = 0, u = 0;
+    CDFGATE_TRY(store::whole_file_info(path, cpr, c, u).code);
+    *type = cpr.c_type;
+    if (cpr.c_type != NO_COMPRESSION && !cpr.parms.empty()) parms[0] = cpr.parms[0];
+    *stored = c;
+    *expanded = u;
     return CDF_OK;
 }
 
@@ -36,6 +57,8 @@ CDFstatus handle_get(long item, Call& call) {
             return put_long(call, kLibraryRelease);
         case LIB_INCREMENT_:
             return put_long(call, kLibraryIncrement);
+        case CDF_INFO_:
+            return file_info(call);
         case LIB_subINCREMENT_:
             *call.args.next<char>() = kLibrarySubIncrement;
             return CDF_OK;

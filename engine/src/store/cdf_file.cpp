@@ -224,7 +224,8 @@ Status CdfFile::remove() {
     Status status = io::remove_file(path_);
     // Variable files of a multi-file CDF sit beside it: <base>.z<n> / .v<n>.
     std::string base = path_;
-    if (base.size() > 4) base.resize(base.size() - 4);
+    const std::string ext = base.size() > 4 ? base.substr(base.size() - 4) : "";
+    if (ext == ".cdf" || ext == ".CDF") base.resize(base.size() - 4);
     for (const bool z : {false, true}) {
         for (std::size_t i = 0; i < variables(z).size(); ++i) {
             const std::string var_path = base + (z ? ".z" : ".v") + std::to_string(i);

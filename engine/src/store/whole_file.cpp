@@ -42,9 +42,48 @@ Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, l
     io::File scratch;
     CDFGATE_TRY(io::File::create_scratch(scratch));
     CDFGATE_TRY(scratch.write(0, image));
+    const auto outer = static_cast<std::int64_t>(file.size());
     file = std::move(scratch);
-    const std::int64_t outer = static_cast<std::int64_t>(ccr_bytes.size());
-    percent = static_cast<long>((outer * 100 + ccr.u_size / 2) / ccr.u_size);
+    percent = static_cast<long>(outer * 100 / (ccr.u_size + 8));
+    return kOk;
+}
+
+Status whole_file_info(const std::string& path, format::Cpr& cpr, std::int64_t& stored,
+                       std::int64_t& expanded) {
+    io::File file;
+    CDFGATE_TRY(io::File::open(path, file));
+    std::uint8_t magic[8];
+    if (file.size() < 8) return CDF_READ_ERROR;
+    CDFGATE_TRY(file.read(0, magic));
+    const std::uint32_t m1 = encoding::load_be32(magic);
+    if (m1 != format::kMagicV3 && m1 != format::kMagicV2 && m1 != format::kMagicV25) {
+        return NOT_A_CDF_OR_NOT_SUPPORTED;
+    }
+    const format::Layout layout{m1 == format::kMagicV3};
+    stored = static_cast<std::int64_t>(file.size());
+    cpr = format::Cpr{};
+    if (encoding::load_be32(magic + 4) != format::kMagicCompressed) {
+        expanded = stored;
+        return kOk;
+    }
+    // CCR header: size, type, CPR offset, uncompressed size.
+    std::vector<std::uint8_t> ccr(layout.header_size() + 2 * layout.offset_size());
+    CDFGATE_TRY(file.read(8, ccr));
+    format::ByteReader r(ccr, layout);
+    r.offset();
+    const std::int32_t type = r.i32();
+    const std::int64_t cpr_offset = r.offset();
+    const std::int64_t u_size = r.offset();
+    const Status corrupted = layout.v3 ? CORRUPTED_V3_CDF : CORRUPTED_V2_CDF;
+    if (r.failed() || type != format::kCcr || u_size < 0 || cpr_offset < 8 ||
+        cpr_offset > stored - 28) {
+        return corrupted;
+    }
+    std::vector<std::uint8_t> cpr_bytes(static_cast<std::size_t>(std::min<std::int64_t>(
+        stored - cpr_offset, static_cast<std::int64_t>(layout.header_size() + 12 + 4 * 5))));
+    CDFGATE_TRY(file.read(static_cast<std::uint64_t>(cpr_offset), cpr_bytes));
+    if (!format::parse_cpr(cpr_bytes, layout, cpr)) return corrupted;
+    expanded = u_size + 8;
     return kOk;
 }
 

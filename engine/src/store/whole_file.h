@@ -14,6 +14,10 @@ class CdfFile;
 // Replaces file (the compressed CDF) by a scratch file holding the expanded image;
 // cpr receives the compression found, percent the compressed size in percent.
 Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, long& percent);
+// Compression, stored size and expanded size of the CDF file at path, without
+// opening it as a CDF (an uncompressed file reports type 0 and its own size twice).
+Status whole_file_info(const std::string& path, format::Cpr& cpr, std::int64_t& stored,
+                       std::int64_t& expanded);
 // Writes the image of scratch (up to eof) compressed with cpr into path.
 Status compress_whole_file(const io::File& scratch, std::int64_t eof, const format::Cpr& cpr,
                            format::Layout layout, const std::string& path);

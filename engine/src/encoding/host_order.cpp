@@ -19,13 +19,24 @@ U reversed(U v) {
 }
 
 template <typename U>
+void swap_one(std::uint8_t* at) {
+    U v;
+    std::memcpy(&v, at, sizeof(U));
+    v = reversed(v);
+    std::memcpy(at, &v, sizeof(U));
+}
+
+// Whole blocks of a fixed count first: loops of a known trip count vectorise
+// even under the compiler's cheapest cost model.
+template <typename U>
 void swap_all(std::uint8_t* data, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) {
-        U v;
-        std::memcpy(&v, data + i * sizeof(U), sizeof(U));
-        v = reversed(v);
-        std::memcpy(data + i * sizeof(U), &v, sizeof(U));
+    constexpr std::size_t kBlock = 64 / sizeof(U);
+    std::size_t i = 0;
+    for (; i + kBlock <= count; i += kBlock) {
+        std::uint8_t* const block = data + i * sizeof(U);
+        for (std::size_t j = 0; j < kBlock; ++j) swap_one<U>(block + j * sizeof(U));
     }
+    for (; i < count; ++i) swap_one<U>(data + i * sizeof(U));
 }
 
 bool is_float(long t) {

@@ -151,5 +151,13 @@ TEST(VariableHousekeeping, VariableCacheSizeOfAMultiFileCdfIsTheLibrarysCount) {
     multi.close();
 }
 
+TEST(VariableHousekeeping, VariableCacheSizeOfAMultiFileCdfCanBeChanged) {
+    const ScratchDirectory scratch;
+    const GatewayFile multi = openMultiFileCopy(scratch);
+    call("setVarCacheSize", {multi.id(), number(1), number(6)}, 0);
+    EXPECT_EQ(count("getVarCacheSize", multi, 1), 6);
+    multi.close();
+}
+
 }  // namespace
 }  // namespace cdfgate::testing

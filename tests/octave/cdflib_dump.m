@@ -19,7 +19,7 @@ function lines = header_lines (id)
            ["format " strrep(cdflib("getFormat", id), "_FILE", "")];
            sprintf("version %d.%d.%d", version, release, increment);
            ["compression " compression_text(@() cdflib ("getCompression", id))];
-           ["checksum " regexprep(cdflib("getChecksum", id), '_CHECKSUM$', "")];
+           ["checksum " short_name(cdflib("getChecksum", id), "_CHECKSUM")];
            sprintf("attributes %d global %d variable %d", nattrs,
                    cdflib ("getNumgAttributes", id), cdflib ("getNumvAttributes", id));
            sprintf("variables %d", nvars)};
@@ -99,12 +99,12 @@ function lines = variable_lines (id)
     maxrec = cdflib ("getVarMaxWrittenRecNum", id, v);
     block = {sprintf("variable %d %s", v, quoted (name));
              sprintf("  type %s %d", type, n);
-             sprintf("  dims %d%s", numel (dims), sprintf (" %d", dims));
+             ["  dims " integers_text([numel(dims) dims])];
              sprintf("  variances %s/%s", "FT"(recvary + 1), "FT"(dimvarys + 1));
              sprintf("  maxrec %d", maxrec);
              sprintf("  numrecs %d", cdflib ("getVarNumRecsWritten", id, v));
              ["  compression " compression_text(@() cdflib ("getVarCompression", id, v))];
-             ["  sparserecords " sparse_text(cdflib("getVarSparseRecords", id, v))];
+             ["  sparserecords " short_name(cdflib("getVarSparseRecords", id, v), "_SPARSERECORDS")];
              sprintf("  blockingfactor %d", cdflib ("getVarBlockingFactor", id, v));
              ["  pad " values_text(cdflib("getVarPadValue", id, v), type, n)]};
     records = unique ([0:min(2, maxrec), max(0, maxrec-2):maxrec]);
@@ -116,8 +116,17 @@ function lines = variable_lines (id)
   endfor
 endfunction
 
-function text = sparse_text (name)
-  text = strrep (name, "_SPARSERECORDS", "");
+## Integers separated by blanks (sprintf alone prints its format once for no values).
+function text = integers_text (values)
+  text = strjoin (arrayfun (@(v) sprintf ("%d", v), values, "UniformOutput", false), " ");
+endfunction
+
+## "MD5_CHECKSUM" is MD5 in the dump, "NO_CHECKSUM" NONE.
+function text = short_name (name, suffix)
+  text = strrep (name, suffix, "");
+  if (strcmp (text, "NO"))
+    text = "NONE";
+  endif
 endfunction
 
 ## The values of one record or entry in storage order, as the dump writes them.

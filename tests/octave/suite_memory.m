@@ -42,3 +42,26 @@
 %! ## A standard exception caught at the boundary.
 %! growth = heap_growth (@() expect_error (42));
 %! assert (growth < 65536, sprintf ("grew by %d bytes", growth));
+
+%!test
+%! ## Results large enough to be made as Octave values, of a floating-point class
+%! ## (made uninitialised) and of an integer class (made by zeros).
+%! target = fullfile (getenv ("CDFGATE_OCTAVE_SCRATCH"), "memory_large.cdf");
+%! if (exist (target, "file"))
+%!   delete (target);
+%! endif
+%! id = cdflib ("create", target);
+%! unwind_protect
+%!   real8 = cdflib ("createVar", id, "r", cdflib ("getConstantValue", "CDF_REAL8"), 1, 10000,
+%!                   true, true);
+%!   int4 = cdflib ("createVar", id, "i", cdflib ("getConstantValue", "CDF_INT4"), 1, 10000,
+%!                  true, true);
+%!   cdflib ("putVarRecordData", id, real8, 0, (1:10000) / 3);
+%!   cdflib ("putVarRecordData", id, int4, 0, int32 (1:10000));
+%!   for var = [real8 int4]
+%!     growth = heap_growth (@() cdflib ("getVarRecordData", id, var, 0));
+%!     assert (growth < 65536, sprintf ("grew by %d bytes", growth));
+%!   endfor
+%! unwind_protect_cleanup
+%!   cdflib ("close", id);
+%! end_unwind_protect

@@ -164,3 +164,32 @@
 %! tt = cdflib ("computeTT2000", parts2000);
 %! assert (class (tt), "int64");
 %! assert (cdflib ("breakdownTT2000", tt), parts2000);
+
+%!test
+%! ## Large results are made as Octave values rather than copied on return; they
+%! ## hold the same values of the same class as small ones, for every class.
+%! target = scratch_file ("large.cdf");
+%! id = cdflib ("create", target);
+%! table = datatypes ();
+%! numeric = find (! strcmp (table(:,2), "char"))';
+%! for i = numeric
+%!   [name, cls] = table{i,1:2};
+%!   shape = [3 1000];
+%!   if (strcmp (name, "CDF_EPOCH16"))
+%!     shape = [2 1000];
+%!   endif
+%!   var = cdflib ("createVar", id, ["v_" name], k (name), 1, 1000, true, true);
+%!   records = pattern (cls, [shape(1) 1000 7], i);
+%!   if (strcmp (name, "CDF_EPOCH16"))
+%!     cdflib ("hyperPutVarData", id, var, 0, 7, 1, 0, 1000, 1, records);
+%!     expected = records;
+%!   else
+%!     records = records(1, :, :);
+%!     cdflib ("hyperPutVarData", id, var, 0, 7, 1, 0, 1000, 1, records);
+%!     expected = reshape (records, 1000, 7);
+%!   endif
+%!   got = cdflib ("hyperGetVarData", id, var, 0, 7, 1, 0, 1000, 1);
+%!   assert (strcmp (class (got), cls), [name ": class " class(got)]);
+%!   assert (isequal (got, expected), name);
+%! endfor
+%! cdflib ("close", id);

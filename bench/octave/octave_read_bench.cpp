@@ -1,0 +1,203 @@
+// A whole variable read with "hyperGetVarData" through GNU Octave (an embedded
+// interpreter calling cdflib.mex, as a user's script does) and through the built-in
+// host, alternately in the same loop, so that both see the same machine state.
+// The counter octave_vs_builtin_% is the extra time that Octave's way takes; times
+// are the thread's CPU time.
+#include <benchmark/benchmark.h>
+#include <octave/interpreter.h>
+#include <octave/oct.h>
+#include <octave/parse.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cdf.h"
+#include "cdfgate/embedded.h"
+#include "hv/entry.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using cdfgate::embedded::Array;
+
+// Time the calling thread spent on the CPU, kernel time (page faults) included. The
+// machine may be shared; unlike the wall clock this does not count time spent
+// waiting for a core.
+struct ThreadClock {
+    using duration = std::chrono::nanoseconds;
+    using time_point = std::chrono::time_point<ThreadClock>;
+    static time_point now() {
+        timespec now{};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+        return time_point(std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec));
+    }
+};
+using Clock = ThreadClock;
+
+constexpr long kValuesPerRecord = 1024;  // 8 KiB records of CDF_REAL8
+
+void check(long status, const char* what) {
+    if (status < CDF_WARN) {
+        std::fprintf(stderr, "%s failed: %ld\n", what, status);
+        std::abort();
+    }
+}
+
+double seconds(Clock::duration d) {
+    return std::chrono::duration<double>(d).count();
+}
+
+class TempDir {
+  public:
+    TempDir() {
+        std::string pattern = (fs::temp_directory_path() / "cdfgate-octbench-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) std::abort();
+        dir_ = pattern;
+    }
+    ~TempDir() { fs::remove_all(dir_); }
+    std::string path(const std::string& name) const { return (dir_ / name).string(); }
+
+  private:
+    fs::path dir_;
+};
+
+TempDir& temp() {
+    static TempDir dir;
+    return dir;
+}
+
+// A file with one CDF_REAL8 [1024] variable of `records` records, written by the engine.
+std::string dataFile(long records) {
+    const std::string name = temp().path("data" + std::to_string(records) + ".cdf");
+    if (fs::exists(name)) return name;
+    std::vector<double> values(static_cast<std::size_t>(records * kValuesPerRecord));
+    for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;
+    CDFid id = nullptr;
+    check(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), "create");
+    long dims[] = {kValuesPerRecord}, varys[] = {VARY}, zero[] = {0}, one[] = {1}, var = -1;
+    check(CDFlib(CREATE_, zVAR_, "data", CDF_REAL8, 1L, 1L, dims, VARY, varys, &var, NULL_),
+          "create variable");
+    check(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, records, zVAR_RECINTERVAL_, 1L,
+                 zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, dims, zVAR_DIMINTERVALS_, one, PUT_,
+                 zVAR_HYPERDATA_, values.data(), NULL_),
+          "write");
+    check(CDFlib(CLOSE_, CDF_, NULL_), "close");
+    return name;
+}
+
+octave_value_list valueList(std::initializer_list<octave_value> values) {
+    octave_value_list list;
+    for (const octave_value& value : values) list.append(value);
+    return list;
+}
+
+// The interpreter, started once, with cdflib.mex on its path.
+octave::interpreter& interpreter() {
+    static const std::unique_ptr<octave::interpreter> instance = [] {
+        auto started = std::make_unique<octave::interpreter>();
+        started->read_site_files(false);
+        started->read_init_files(false);
+        started->initialize_history(false);
+        started->initialize_load_path(true);
+        started->initialize();
+        if (!started->initialized() || started->execute() != 0) {
+            std::fprintf(stderr, "the Octave interpreter did not start\n");
+            std::abort();
+        }
+        octave::feval("addpath", valueList({octave_value(CDFGATE_OCTAVE_DIR)}));
+        return started;
+    }();
+    return *instance;
+}
+
+// The same hyperslab call on both hosts: every record, the whole dimension.
+struct Reads {
+    explicit Reads(long records) {
+        const std::string name = dataFile(records);
+        const double recordCount = static_cast<double>(records);
+        const double extent = static_cast<double>(kValuesPerRecord);
+
+        builtInId = cdfgate::embedded::call("open", {Array::text(name)})[0];
+        builtInInputs = {Array::text("hyperGetVarData"),
+                         builtInId,
+                         Array::scalar(0),
+                         Array::scalar(0),
+                         Array::scalar(recordCount),
+                         Array::scalar(1),
+                         Array::scalar(0),
+                         Array::scalar(extent),
+                         Array::scalar(1)};
+        for (const Array& input : builtInInputs) builtInArgs.push_back(input.get());
+
+        interpreter();
+        octaveId =
+            octave::feval("cdflib", valueList({octave_value("open"), octave_value(name)}), 1)(0);
+        octaveArgs = valueList({octave_value("hyperGetVarData"), octaveId, octave_value(0.0),
+                                octave_value(0.0), octave_value(recordCount), octave_value(1.0),
+                                octave_value(0.0), octave_value(extent), octave_value(1.0)});
+    }
+    ~Reads() {
+        cdfgate::embedded::call("close", {builtInId}, 0);
+        octave::feval("cdflib", valueList({octave_value("close"), octaveId}), 0);
+    }
+
+    void builtIn() {
+        std::array<matrix::array_ptr, 1> slots;
+        cdflib(1, slots.data(), static_cast<int>(builtInArgs.size()), builtInArgs.data());
+        benchmark::DoNotOptimize(hvGetData(slots[0].get()));
+    }
+    void throughOctave() {
+        const octave_value_list result = octave::feval("cdflib", octaveArgs, 1);
+        benchmark::DoNotOptimize(result(0).mex_get_data());
+    }
+
+    Array builtInId;
+    std::vector<Array> builtInInputs;
+    std::vector<const hvArray*> builtInArgs;
+    octave_value octaveId;
+    octave_value_list octaveArgs;
+};
+
+void BM_WholeVariableRead(benchmark::State& state) {
+    Reads reads(state.range(0));
+    reads.builtIn();
+    reads.throughOctave();
+    double builtIn = 0, viaOctave = 0;
+    for (auto _ : state) {
+        auto start = Clock::now();
+        reads.builtIn();
+        builtIn += seconds(Clock::now() - start);
+        start = Clock::now();
+        reads.throughOctave();
+        const double o = seconds(Clock::now() - start);
+        viaOctave += o;
+        state.SetIterationTime(o);
+    }
+    const double n = static_cast<double>(state.iterations());
+    state.counters["builtin_ms"] = builtIn / n * 1e3;
+    state.counters["octave_ms"] = viaOctave / n * 1e3;
+    state.counters["octave_vs_builtin_%"] = (viaOctave / builtIn - 1) * 100;
+    state.counters["MiB"] = static_cast<double>(state.range(0) * kValuesPerRecord * 8) / (1 << 20);
+}
+
+BENCHMARK(BM_WholeVariableRead)
+    ->Arg(16)    // 128 KiB
+    ->Arg(128)   // 1 MiB
+    ->Arg(2048)  // 16 MiB
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(1.0);
+
+}  // namespace
+
+BENCHMARK_MAIN();

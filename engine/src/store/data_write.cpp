@@ -62,19 +62,45 @@ struct SlabWriter {
 
     // Allocates records through last the way the reference library does: blocks of
     // the blocking factor from the end of the allocation (the last VVR grows in
-    // place when it ends the file); sparse variables get exactly the records
-    // written, from first on.
-    Status allocate(std::int64_t first, std::int64_t last) {
+    // place when it ends the file).
+    Status allocate(std::int64_t last) {
         const std::int64_t allocated = index.max_allocated();
         if (last <= allocated) return kOk;
-        std::int64_t from = allocated + 1;
+        const std::int64_t from = allocated + 1;
         std::int64_t to = std::max(last, allocated < 0 ? blocking() - 1 : allocated + blocking());
-        if (sparse()) {
-            from = std::max(first, allocated + 1);
-            to = last;
-        }
         if (to > std::numeric_limits<std::int32_t>::max()) to = last;
         return allocate_exact(from, to);
+    }
+
+    // Sparse records: exactly the records written, each run of them merged into the
+    // VVR just before it when that one ends the file, else in a VVR of its own.
+    Status allocate_sparse(std::int64_t first, std::int64_t last, std::int64_t interval) {
+        for (std::int64_t r = first; r <= last; r += interval) {
+            if (index.find(r) != nullptr) continue;
+            const std::size_t next = index.lower_bound(r);
+            const auto blocks = index.blocks();
+            std::int64_t end = r;
+            if (interval == 1) {
+                const std::int64_t limit =
+                    next < blocks.size() ? std::min(last, blocks[next].first - 1) : last;
+                end = limit;
+            }
+            if (next > 0 && blocks[next - 1].last == r - 1) {
+                bool extended = false;
+                CDFGATE_TRY(index.extend_block(cdf, next - 1, end, shape.record_bytes, extended));
+                if (extended) {
+                    r = end;
+                    continue;
+                }
+            }
+            if (next == blocks.size()) {
+                CDFGATE_TRY(index.add_block(cdf, var, r, end, shape.record_bytes));
+            } else {
+                CDFGATE_TRY(index.insert_block(cdf, r, end, shape.record_bytes));
+            }
+            r = end;
+        }
+        return kOk;
     }
 
     // Allocates records from..to (above every allocated record) as they are: the
@@ -185,22 +211,17 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
     const std::int64_t last = first + (count - 1) * interval;
     SlabWriter writer{cdf, var, index, shape, stored_pad(cdf, var), {}, {}, {}};
     const std::int64_t old_allocated = index.max_allocated();
-    if (writer.sparse() && interval != 1) {
-        // Only the written records are allocated: one at a time.
-        for (std::int64_t k = 0; k < count; ++k) {
-            const std::int64_t r = first + k * interval;
-            if (index.find(r) == nullptr && r <= index.max_allocated()) {
-                return UNSUPPORTED_OPERATION;
+    // Sparse records written only in part start from the pad: note the new ones.
+    std::vector<std::int64_t> fresh;
+    if (writer.sparse()) {
+        if (!plan.whole_record()) {
+            for (std::int64_t r = first; r <= last; r += interval) {
+                if (index.find(r) == nullptr) fresh.push_back(r);
             }
-            CDFGATE_TRY(writer.allocate(r, r));
         }
+        CDFGATE_TRY(writer.allocate_sparse(first, last, interval));
     } else {
-        if (writer.sparse()) {
-            for (std::int64_t r = first; r <= std::min(last, index.max_allocated()); ++r) {
-                if (index.find(r) == nullptr) return UNSUPPORTED_OPERATION;
-            }
-        }
-        CDFGATE_TRY(writer.allocate(first, last));
+        CDFGATE_TRY(writer.allocate(last));
     }
 
     // Records the write skips over or only partly fills take the pad in force;
@@ -211,11 +232,8 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
         CDFGATE_TRY(writer.pad_records(old_max + 1, whole_run ? first - 1 : last));
         CDFGATE_TRY(
             writer.pad_records(std::max(last + 1, old_allocated + 1), index.max_allocated()));
-    } else if (!plan.whole_record()) {
-        for (std::int64_t k = 0; k < count; ++k) {
-            const std::int64_t r = first + k * interval;
-            if (r > old_max) CDFGATE_TRY(writer.pad_records(r, r));
-        }
+    } else {
+        for (const std::int64_t r : fresh) CDFGATE_TRY(writer.pad_records(r, r));
     }
 
     if (plan.whole_record() && interval == 1) {
@@ -250,7 +268,7 @@ Status write_initial_records(CdfFile& cdf, Variable& var, std::int64_t count) {
     if (last > std::numeric_limits<std::int32_t>::max()) return BAD_INITIAL_RECS;
     SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}};
     const std::int64_t old_allocated = var.index.max_allocated();
-    CDFGATE_TRY(writer.allocate(0, last));
+    CDFGATE_TRY(writer.allocate(last));
     CDFGATE_TRY(writer.pad_records(0, last));
     CDFGATE_TRY(
         writer.pad_records(std::max(last + 1, old_allocated + 1), var.index.max_allocated()));

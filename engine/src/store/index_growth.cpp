@@ -3,6 +3,7 @@
 // VXRs in the top chain get an index level above them; more than three VXRs under
 // the last slot of an index VXR move, all but the first, under a new index VXR
 // chained after it.
+#include <algorithm>
 #include <limits>
 
 #include "format/records.h"
@@ -191,34 +192,122 @@ Status RecordIndex::extend_last_block(CdfFile& cdf, std::int64_t new_last,
                                       std::int64_t record_bytes, bool& extended) {
     extended = false;
     if (blocks_.empty()) return kOk;
-    Block& block = blocks_.back();
-    if (block.type != format::kVvr || new_last <= block.last ||
+    return extend_block(cdf, blocks_.size() - 1, new_last, record_bytes, extended);
+}
+
+Status RecordIndex::write_vvr_header(CdfFile& cdf, std::int64_t offset, std::int64_t size) const {
+    std::vector<std::uint8_t> head;
+    format::ByteWriter w(head, cdf.layout());
+    w.offset(size);
+    w.i32(format::kVvr);
+    return cdf.file().write(static_cast<std::uint64_t>(offset), head);
+}
+
+bool RecordIndex::leaf_of(std::int64_t offset, std::size_t& node, std::size_t& slot) const {
+    for (std::size_t n = 0; n < nodes_.size(); ++n) {
+        if (!nodes_[n].leaf()) continue;
+        for (std::size_t i = 0; i < nodes_[n].slots.size(); ++i) {
+            if (nodes_[n].slots[i].target == offset) {
+                node = n;
+                slot = i;
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+std::vector<std::size_t> RecordIndex::path_to(std::size_t target) const {
+    // Depth-first over the chains; the tree was bounded when it was loaded.
+    std::vector<std::size_t> path;
+    const auto search = [&](const auto& self, const std::vector<std::size_t>& chain) -> bool {
+        for (const std::size_t n : chain) {
+            path.push_back(n);
+            if (n == target) return true;
+            for (const NodeSlot& s : nodes_[n].slots) {
+                if (!s.chain.empty() && self(self, s.chain)) return true;
+            }
+            path.pop_back();
+        }
+        return false;
+    };
+    if (path.size() < kMaxPath && search(search, top_)) return path;
+    return {};
+}
+
+Status RecordIndex::refresh_ancestors(CdfFile& cdf, const std::vector<std::size_t>& path) {
+    for (std::size_t depth = path.size(); depth-- > 1;) {
+        IndexNode& parent = nodes_[path[depth - 1]];
+        for (NodeSlot& slot : parent.slots) {
+            const auto& chain = slot.chain;
+            if (std::find(chain.begin(), chain.end(), path[depth]) == chain.end()) continue;
+            const std::int64_t first = nodes_[chain.front()].slots.front().first;
+            const std::int64_t last = nodes_[chain.back()].slots.back().last;
+            if (slot.first == first && slot.last == last) break;
+            slot.first = first;
+            slot.last = last;
+            CDFGATE_TRY(write_node(cdf, path[depth - 1]));
+            break;
+        }
+    }
+    return kOk;
+}
+
+Status RecordIndex::extend_block(CdfFile& cdf, std::size_t i, std::int64_t new_last,
+                                 std::int64_t record_bytes, bool& extended) {
+    extended = false;
+    if (i >= blocks_.size()) return kOk;
+    Block& block = blocks_[i];
+    const bool below_next = i + 1 == blocks_.size() || new_last < blocks_[i + 1].first;
+    if (block.type != format::kVvr || new_last <= block.last || !below_next ||
         new_last > std::numeric_limits<std::int32_t>::max() ||
         block.offset + block.size != cdf.space().eof()) {
         return kOk;
     }
-    const std::vector<std::size_t> path = rightmost_path();
-    if (path.empty()) return kOk;
-    NodeSlot& slot = nodes_[path.back()].slots.back();
-    if (slot.target != block.offset) return kOk;
+    std::size_t node = 0, slot = 0;
+    if (!leaf_of(block.offset, node, slot)) return kOk;
     const std::int64_t grow = new_last - block.last;
     if (grow > (std::numeric_limits<std::int64_t>::max() - block.size) / record_bytes) {
         return CDF_INTERNAL_ERROR;
     }
     const std::int64_t new_size = block.size + grow * record_bytes;
     if (!cdf.space().extend_at_end(block.offset, block.size, new_size)) return kOk;
-
-    std::vector<std::uint8_t> head;
-    format::ByteWriter w(head, cdf.layout());
-    w.offset(new_size);
-    CDFGATE_TRY(cdf.file().write(static_cast<std::uint64_t>(block.offset), head));
+    CDFGATE_TRY(write_vvr_header(cdf, block.offset, new_size));
     block.size = new_size;
     block.last = new_last;
-    slot.last = new_last;
-    CDFGATE_TRY(write_node(cdf, path.back()));
-    CDFGATE_TRY(refresh_path(cdf, path));
+    nodes_[node].slots[slot].last = new_last;
+    CDFGATE_TRY(write_node(cdf, node));
+    CDFGATE_TRY(refresh_ancestors(cdf, path_to(node)));
     cdf.touch();
     extended = true;
+    return kOk;
+}
+
+Status RecordIndex::insert_block(CdfFile& cdf, std::int64_t first, std::int64_t last,
+                                 std::int64_t record_bytes) {
+    const auto header = static_cast<std::int64_t>(cdf.layout().header_size());
+    const std::size_t at = lower_bound(first);
+    if (first < 0 || last < first || at >= blocks_.size() || blocks_[at].first <= last ||
+        record_bytes < 1 ||
+        last - first + 1 > (std::numeric_limits<std::int64_t>::max() - header) / record_bytes) {
+        return CDF_INTERNAL_ERROR;
+    }
+    // The new slot goes after its predecessor's, or before its successor's.
+    std::size_t node = 0, slot = 0;
+    const bool after = at > 0;
+    if (!leaf_of(blocks_[after ? at - 1 : at].offset, node, slot)) return CDF_INTERNAL_ERROR;
+    if (nodes_[node].full()) return UNSUPPORTED_OPERATION;
+    const std::int64_t size = header + (last - first + 1) * record_bytes;
+    const std::int64_t offset = cdf.space().allocate(size);
+    CDFGATE_TRY(write_vvr_header(cdf, offset, size));
+    auto& slots = nodes_[node].slots;
+    slots.insert(slots.begin() + static_cast<std::ptrdiff_t>(after ? slot + 1 : slot),
+                 NodeSlot{first, last, offset, {}});
+    blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(at),
+                   Block{first, last, offset, size, format::kVvr});
+    CDFGATE_TRY(write_node(cdf, node));
+    CDFGATE_TRY(refresh_ancestors(cdf, path_to(node)));
+    cdf.touch();
     return kOk;
 }
 

@@ -93,6 +93,14 @@ class RecordIndex {
     // used space ends; false in extended when it cannot.
     Status extend_last_block(CdfFile& cdf, std::int64_t new_last, std::int64_t record_bytes,
                              bool& extended);
+    // The same for block number i (new_last must stay below the next block).
+    Status extend_block(CdfFile& cdf, std::size_t i, std::int64_t new_last,
+                        std::int64_t record_bytes, bool& extended);
+    // Allocates records first..last, which lie between allocated blocks, in a new
+    // VVR whose slot goes into the leaf of its neighbour (sparse records). A full
+    // leaf is not split yet: UNSUPPORTED_OPERATION.
+    Status insert_block(CdfFile& cdf, std::int64_t first, std::int64_t last,
+                        std::int64_t record_bytes);
 
     BlockCache& cache() { return cache_; }
     ReadWindow& window() { return window_; }
@@ -116,6 +124,13 @@ class RecordIndex {
     Status write_node(CdfFile& cdf, std::size_t node) const;
     // Makes the last slots along path span their chains again; writes changed nodes.
     Status refresh_path(CdfFile& cdf, const std::vector<std::size_t>& path);
+    // The leaf holding the slot of the block at offset, and the slot's position.
+    bool leaf_of(std::int64_t offset, std::size_t& node, std::size_t& slot) const;
+    // Node numbers from the top chain down to node (empty when not reachable).
+    std::vector<std::size_t> path_to(std::size_t node) const;
+    // Makes every slot above node on path span its chain again; writes changed nodes.
+    Status refresh_ancestors(CdfFile& cdf, const std::vector<std::size_t>& path);
+    Status write_vvr_header(CdfFile& cdf, std::int64_t offset, std::int64_t size) const;
     // Covers members with new 3-slot index nodes chained together; returns them.
     Status group(CdfFile& cdf, const std::vector<std::size_t>& members,
                  std::vector<std::size_t>& out);

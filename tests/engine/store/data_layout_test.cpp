@@ -101,6 +101,38 @@ TEST_F(DataLayout, TwoLevelIndexOfInterleavedVariables) {
     expect_same("tree", "vxr_tree.cdf");
 }
 
+TEST_F(DataLayout, SparseRecordsAllocateWhatIsWritten) {
+    CDFid id = create("sparse", false);
+    const auto make = [&](const char* name, long sparse) {
+        long var = -1;
+        EXPECT_EQ(
+            CDFlib(CREATE_, zVAR_, name, CDF_INT4, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
+            CDF_OK);
+        if (sparse != NO_SPARSERECORDS) {
+            EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, sparse, NULL_), CDF_OK);
+        }
+        return var;
+    };
+    const auto put = [&](long var, long record) {
+        int value = static_cast<int>(record + 1);
+        ASSERT_EQ(CDFputVarRecordData(id, 1, var, record, &value), CDF_OK);
+    };
+    const long s = make("S", PAD_SPARSERECORDS);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 4L, NULL_), CDF_OK);
+    put(s, 0);
+    put(s, 1);  // merged into record 0's VVR, which ends the file
+    put(s, 10);
+    const long p = make("P", PREV_SPARSERECORDS);
+    const long n = make("N", NO_SPARSERECORDS);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 4L, NULL_), CDF_OK);
+    put(n, 0);
+    put(n, 10);  // grows the block in place
+    put(s, 5);   // a VVR of its own, its slot between the others
+    put(p, 3);
+    ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
+    expect_same("sparse", "sparse_records.cdf");
+}
+
 CDFid open_sample(const std::string& relative) {
     CDFid id = nullptr;
     EXPECT_EQ(CDFlib(OPEN_, CDF_, shared_data(relative).string().c_str(), &id, NULL_), CDF_OK)

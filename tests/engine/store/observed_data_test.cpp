@@ -178,6 +178,60 @@ TEST_F(ObservedData, GapsAreWrittenWithThePadOfTheirTime) {
     EXPECT_EQ(x, 77);
 }
 
+TEST_F(ObservedData, SparseRecordsReadAsPadOrTheRecordBefore) {
+    const long pad = make("pad", CDF_INT4, 1, {});  // PV34 to PV39, PV42 to PV48
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, pad, PUT_, zVAR_SPARSERECORDS_, PAD_SPARSERECORDS, NULL_),
+              CDF_OK);
+    ASSERT_EQ(put_value(pad, 0, 20), CDF_OK);
+    ASSERT_EQ(put_value(pad, 3, 23), CDF_OK);
+    const Counts c = counts();
+    EXPECT_EQ(c.max_rec, 3);
+    EXPECT_EQ(c.num_recs, 2);
+    EXPECT_EQ(c.num_alloc, 2);
+    int x = 0;
+    EXPECT_EQ(get_value(pad, 1, x), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(x, kPad4);
+    EXPECT_EQ(get_value(pad, 3, x), CDF_OK);
+    EXPECT_EQ(x, 23);
+    EXPECT_EQ(get_value(pad, 8, x), VIRTUAL_RECORD_DATA);
+    int five[5];
+    records(pad, 0, 5);
+    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, five, NULL_), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(std::vector<int>(five, five + 5), (std::vector<int>{20, kPad4, kPad4, 23, kPad4}));
+    EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, NO_SPARSERECORDS, NULL_), CANNOT_SPARSERECORDS);
+
+    const long prev = make("prev", CDF_INT4, 1, {});
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, prev, PUT_, zVAR_SPARSERECORDS_, PREV_SPARSERECORDS, NULL_),
+              CDF_OK);
+    ASSERT_EQ(put_value(prev, 5, 35), CDF_OK);
+    ASSERT_EQ(put_value(prev, 2, 32), CDF_OK);  // below the last record: a slot between
+    int eight[8];
+    records(prev, 0, 8);
+    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, eight, NULL_), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(std::vector<int>(eight, eight + 8),
+              (std::vector<int>{kPad4, kPad4, 32, 32, 32, 35, 35, 35}));
+    EXPECT_EQ(get_value(prev, 9, x), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(x, 35);
+    EXPECT_EQ(get_value(prev, 5, x), CDF_OK);
+    EXPECT_EQ(CDFgetVarRecordData(id_, 1, prev, 3, &x), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(x, 32);
+    EXPECT_EQ(counts().max_rec, 5);
+    EXPECT_EQ(counts().num_recs, 2);
+    // A partial write of a new sparse record leaves the pad elsewhere in it.
+    const long box = make("box", CDF_INT2, 1, {3});
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, box, PUT_, zVAR_SPARSERECORDS_, PAD_SPARSERECORDS, NULL_),
+              CDF_OK);
+    ASSERT_EQ(put_value(box, 4, short{1}), CDF_OK);
+    long at[] = {1};
+    short seven = 7;
+    ASSERT_EQ(
+        CDFlib(SELECT_, zVAR_RECNUMBER_, 2L, zVAR_DIMINDICES_, at, PUT_, zVAR_DATA_, &seven, NULL_),
+        CDF_OK);
+    short three[3] = {};
+    ASSERT_EQ(CDFgetVarRecordData(id_, 1, box, 2, three), CDF_OK);
+    EXPECT_EQ(std::vector<short>(three, three + 3), (std::vector<short>{kPad2, 7, kPad2}));
+}
+
 TEST_F(ObservedData, NonRecordVariantVariableLivesInRecordZero) {
     const long v = make("nrv", CDF_INT2, 1, {}, NOVARY);  // PV49 to PV60
     short s = 0;

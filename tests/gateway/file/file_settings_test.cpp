@@ -105,5 +105,21 @@ TEST(FileSettings, CacheSizesAreSelectedAndConfirmed) {
     file.close();
 }
 
+TEST(FileSettings, ChecksumIsTheFilesOwnAndSurvivesClosing) {
+    for (const char* sample : {"format/checksum_md5.cdf", "compression/file_gzip6_md5.cdf"}) {
+        SCOPED_TRACE(sample);
+        const GatewayFile file = GatewayFile::open(sharedData(sample));
+        EXPECT_EQ(call1("getChecksum", {file.id()}).text(), "MD5_CHECKSUM");
+        file.close();
+    }
+    const ScratchDirectory scratch;
+    const GatewayFile created = GatewayFile::create(scratch.file("summed"));
+    call("setChecksum", {created.id(), number(MD5_CHECKSUM)}, 0);
+    created.close();
+    const GatewayFile reopened = GatewayFile::open(scratch.file("summed.cdf"));
+    EXPECT_EQ(call1("getChecksum", {reopened.id()}).text(), "MD5_CHECKSUM");
+    reopened.close();
+}
+
 }  // namespace
 }  // namespace cdfgate::testing

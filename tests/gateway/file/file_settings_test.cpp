@@ -72,6 +72,11 @@ TEST(FileSettings, ReadOnlyModeIsSelectedAndConfirmed) {
     ASSERT_EQ(CDFlib(SELECT_, CDF_, file.cdf(), CONFIRM_, CDF_READONLY_MODE_, &mode, NULL_),
               CDF_OK);
     EXPECT_EQ(mode, READONLYon);
+    expectHostError(
+        [&] {
+            call("renameVar", {file.id(), number(0), Array::text("W")}, 0);
+        },
+        cdflibId("libraryFailure"), {std::string("CDFrenamezVar"), statusText(READ_ONLY_MODE)});
     call("setReadOnlyMode", {file.id(), number(READONLYoff)}, 0);
     EXPECT_EQ(call1("getReadOnlyMode", {file.id()}).text(), "READONLYoff");
     file.close();

@@ -96,7 +96,7 @@ struct SlabWriter {
             if (next == blocks.size()) {
                 CDFGATE_TRY(index.add_block(cdf, var, r, end, shape.record_bytes));
             } else {
-                CDFGATE_TRY(index.insert_block(cdf, r, end, shape.record_bytes));
+                CDFGATE_TRY(index.insert_block(cdf, var, r, end, shape.record_bytes));
             }
             r = end;
         }

@@ -283,7 +283,7 @@ Status RecordIndex::extend_block(CdfFile& cdf, std::size_t i, std::int64_t new_l
     return kOk;
 }
 
-Status RecordIndex::insert_block(CdfFile& cdf, std::int64_t first, std::int64_t last,
+Status RecordIndex::insert_block(CdfFile& cdf, Variable& var, std::int64_t first, std::int64_t last,
                                  std::int64_t record_bytes) {
     const auto header = static_cast<std::int64_t>(cdf.layout().header_size());
     const std::size_t at = lower_bound(first);
@@ -296,7 +296,13 @@ Status RecordIndex::insert_block(CdfFile& cdf, std::int64_t first, std::int64_t 
     std::size_t node = 0, slot = 0;
     const bool after = at > 0;
     if (!leaf_of(blocks_[after ? at - 1 : at].offset, node, slot)) return CDF_INTERNAL_ERROR;
-    if (nodes_[node].full()) return UNSUPPORTED_OPERATION;
+    const std::vector<std::size_t> path = path_to(node);
+    if (path.empty()) return CDF_INTERNAL_ERROR;
+    // A full leaf hands its last slot to a new leaf chained right after it, under
+    // the same parent slot (which covers the whole chain).
+    std::size_t spill = 0;
+    const bool split = nodes_[node].full();
+    if (split) spill = new_node(cdf, kLeafSlots);
     const std::int64_t size = header + (last - first + 1) * record_bytes;
     const std::int64_t offset = cdf.space().allocate(size);
     CDFGATE_TRY(write_vvr_header(cdf, offset, size));
@@ -305,8 +311,25 @@ Status RecordIndex::insert_block(CdfFile& cdf, std::int64_t first, std::int64_t 
                  NodeSlot{first, last, offset, {}});
     blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(at),
                    Block{first, last, offset, size, format::kVvr});
+    if (split) {
+        nodes_[spill].slots.push_back(std::move(slots.back()));
+        slots.pop_back();
+        nodes_[spill].next = nodes_[node].next;
+        nodes_[node].next = nodes_[spill].offset;
+        std::vector<std::size_t>* chain = &top_;
+        if (path.size() > 1) {
+            for (NodeSlot& up : nodes_[path[path.size() - 2]].slots) {
+                if (std::find(up.chain.begin(), up.chain.end(), node) != up.chain.end()) {
+                    chain = &up.chain;
+                }
+            }
+        }
+        chain->insert(std::find(chain->begin(), chain->end(), node) + 1, spill);
+        CDFGATE_TRY(write_node(cdf, spill));
+        if (var.vdr.vxr_tail == nodes_[node].offset) var.vdr.vxr_tail = nodes_[spill].offset;
+    }
     CDFGATE_TRY(write_node(cdf, node));
-    CDFGATE_TRY(refresh_ancestors(cdf, path_to(node)));
+    CDFGATE_TRY(refresh_ancestors(cdf, path));
     cdf.touch();
     return kOk;
 }

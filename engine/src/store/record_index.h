@@ -97,9 +97,9 @@ class RecordIndex {
     Status extend_block(CdfFile& cdf, std::size_t i, std::int64_t new_last,
                         std::int64_t record_bytes, bool& extended);
     // Allocates records first..last, which lie between allocated blocks, in a new
-    // VVR whose slot goes into the leaf of its neighbour (sparse records). A full
-    // leaf is not split yet: UNSUPPORTED_OPERATION.
-    Status insert_block(CdfFile& cdf, std::int64_t first, std::int64_t last,
+    // VVR whose slot goes into the leaf of its neighbour (sparse records); a full
+    // leaf passes its last slot to a new leaf chained after it.
+    Status insert_block(CdfFile& cdf, Variable& var, std::int64_t first, std::int64_t last,
                         std::int64_t record_bytes);
 
     BlockCache& cache() { return cache_; }

@@ -133,6 +133,31 @@ TEST_F(DataLayout, SparseRecordsAllocateWhatIsWritten) {
     expect_same("sparse", "sparse_records.cdf");
 }
 
+TEST_F(DataLayout, SparseRecordsWrittenBackwardsSplitFullLeaves) {
+    CDFid id = create("backwards", false);
+    long var = -1;
+    ASSERT_EQ(CDFlib(CREATE_, zVAR_, "S", CDF_INT4, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
+              CDF_OK);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, PAD_SPARSERECORDS, NULL_), CDF_OK);
+    // Every record below the last one gets its own block: 40 blocks, 6 leaves.
+    for (long r = 78; r >= 0; r -= 2) {
+        int value = static_cast<int>(1000 + r);
+        ASSERT_EQ(CDFputVarRecordData(id, 1, var, r, &value), CDF_OK) << r;
+    }
+    ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(CDFlib(OPEN_, CDF_, path("backwards").c_str(), &id, NULL_), CDF_OK);
+    int all[80] = {};
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, 80L, GET_,
+                     zVAR_HYPERDATA_, all, NULL_),
+              VIRTUAL_RECORD_DATA);
+    for (int r = 0; r < 80; ++r) {
+        EXPECT_EQ(all[r], r % 2 == 0 ? 1000 + r : -2147483647) << r;
+    }
+    long records = 0;
+    ASSERT_EQ(CDFlib(GET_, zVAR_NUMRECS_, &records, CLOSE_, CDF_, NULL_), CDF_OK);
+    EXPECT_EQ(records, 40);
+}
+
 CDFid open_sample(const std::string& relative) {
     CDFid id = nullptr;
     EXPECT_EQ(CDFlib(OPEN_, CDF_, shared_data(relative).string().c_str(), &id, NULL_), CDF_OK)

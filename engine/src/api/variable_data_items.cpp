@@ -81,7 +81,8 @@ CDFstatus put_data(Call& call, bool one_value) {
     CDFGATE_TRY(check_writable(*t.cdf));
     store::Variable& var = variable(*t.cdf, t.ref);
     const store::Hyperslab slab = slab_of(*t.cdf, t.ref, var, selection(*t.cdf, t.ref), one_value);
-    return store::write_slab(*t.cdf->file, var, slab, in).code;
+    return store::write_slab(*t.cdf->file, var, slab, in, t.cdf->neg_to_pos_fp0 == NEGtoPOSfp0on)
+        .code;
 }
 
 CDFstatus put_initial_records(Call& call) {

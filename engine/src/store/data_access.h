@@ -24,8 +24,10 @@ Status read_slab(const CdfFile& cdf, Variable& var, const Hyperslab& slab, void*
 // Writes the slab: allocates records as the reference library does, pads records
 // that the write skips over (with the pad value in force), stores character values
 // blank-filled from their first zero byte, and raises the maximum record. A
-// non-record-variant variable takes every record at record 0.
-Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in);
+// non-record-variant variable takes every record at record 0. With positive_zeros
+// (the CDF's negative-to-positive floating-point zero mode) -0.0 is stored as +0.0.
+Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in,
+                  bool positive_zeros = false);
 
 // Records 0..count-1 written with the pad value in force (zVAR_INITIALRECS_).
 Status write_initial_records(CdfFile& cdf, Variable& var, std::int64_t count);

@@ -9,12 +9,31 @@
 #include "encoding/host_order.h"
 #include "format/records.h"
 #include "store/cdf_file.h"
+#include "store/compressed_write.h"
 #include "store/data_access.h"
 #include "store/pad_value.h"
 #include "store/slab_plan.h"
 
 namespace cdfgate::engine::store {
 namespace {
+
+// Turns -0.0 into +0.0 among n floats of width 4 or 8 (host form).
+void clear_negative_zeros(std::uint8_t* data, std::size_t n, std::size_t width) {
+    for (std::size_t i = 0; i < n; ++i) {
+        std::uint8_t* const at = data + i * width;
+        if (width == 4) {
+            std::uint32_t v;
+            std::memcpy(&v, at, 4);
+            if (v == 0x80000000u) v = 0;
+            std::memcpy(at, &v, 4);
+        } else {
+            std::uint64_t v;
+            std::memcpy(&v, at, 8);
+            if (v == 0x8000000000000000ULL) v = 0;
+            std::memcpy(at, &v, 8);
+        }
+    }
+}
 
 constexpr std::int64_t kChunkBytes = std::int64_t{4} << 20;
 // Records per allocation block when none is set: 8192 bytes' worth.
@@ -29,6 +48,7 @@ struct SlabWriter {
     std::vector<std::uint8_t> pads;  // pad records, filled once
     std::vector<std::uint8_t> chunk;
     std::vector<std::uint8_t> span;
+    bool positive_zeros;  // store -0.0 as +0.0
 
     bool sparse() const { return var.vdr.s_records != NO_SPARSERECORDS; }
 
@@ -44,19 +64,30 @@ struct SlabWriter {
             (kDefaultBlockBytes + shape.record_bytes - 1) / shape.record_bytes, 1);
     }
 
+    bool floating() const {
+        const long t = shape.data_type;
+        return t == CDF_REAL4 || t == CDF_FLOAT || t == CDF_REAL8 || t == CDF_DOUBLE ||
+               t == CDF_EPOCH || t == CDF_EPOCH16;
+    }
+
     // Caller values in stored form: the file's encoding, characters blank-filled
-    // from their first zero byte.
+    // from their first zero byte, -0.0 as +0.0 if asked.
     void to_stored(std::uint8_t* data, std::int64_t values) const {
         if (encoding::is_char_type(shape.data_type)) {
             blank_after_zero(data, values, shape.value_bytes);
             return;
+        }
+        if (positive_zeros && floating()) {
+            const std::size_t width = shape.element_size == 4 ? 4 : 8;
+            const auto n = static_cast<std::size_t>(values * shape.value_bytes) / width;
+            clear_negative_zeros(data, n, width);
         }
         encoding::host_to_file(data, static_cast<std::size_t>(values * shape.num_elems),
                                shape.data_type, cdf.encoding());
     }
 
     bool stored_as_given() const {
-        return !encoding::is_char_type(shape.data_type) &&
+        return !encoding::is_char_type(shape.data_type) && !(positive_zeros && floating()) &&
                encoding::host_form_matches(shape.data_type, cdf.encoding());
     }
 
@@ -180,7 +211,8 @@ struct SlabWriter {
 
 }  // namespace
 
-Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in) {
+Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in,
+                  bool positive_zeros) {
     RecordIndex& index = var.index;
     DataShape shape;
     CDFGATE_TRY(data_shape(cdf, var, shape));
@@ -190,8 +222,9 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
         (std::numeric_limits<std::int32_t>::max() - slab.rec_start) / slab.rec_interval) {
         return BAD_REC_NUM;
     }
-    if (!cdf.single_file() || var.compressed()) return UNSUPPORTED_OPERATION;
+    if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
+    if (var.compressed()) return write_compressed_slab(cdf, var, slab, in);
     const SlabPlan plan(shape, slab);
     CDFGATE_TRY(index.load(cdf, var, shape.record_bytes));
     index.drop_caches();
@@ -209,7 +242,7 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
         interval = 1;
     }
     const std::int64_t last = first + (count - 1) * interval;
-    SlabWriter writer{cdf, var, index, shape, stored_pad(cdf, var), {}, {}, {}};
+    SlabWriter writer{cdf, var, index, shape, stored_pad(cdf, var), {}, {}, {}, positive_zeros};
     const std::int64_t old_allocated = index.max_allocated();
     // Sparse records written only in part start from the pad: note the new ones.
     std::vector<std::int64_t> fresh;
@@ -260,13 +293,14 @@ Status write_initial_records(CdfFile& cdf, Variable& var, std::int64_t count) {
     CDFGATE_TRY(data_shape(cdf, var, shape));
     if (count < 1) return BAD_INITIAL_RECS;
     if (var.vdr.max_rec >= 0) return CANNOT_CHANGE;
-    if (!cdf.single_file() || var.compressed()) return UNSUPPORTED_OPERATION;
+    if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
+    if (var.compressed()) return write_compressed_pads(cdf, var, count);
     CDFGATE_TRY(var.index.load(cdf, var, shape.record_bytes));
     var.index.drop_caches();
     const std::int64_t last = shape.rec_vary ? count - 1 : 0;
     if (last > std::numeric_limits<std::int32_t>::max()) return BAD_INITIAL_RECS;
-    SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}};
+    SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}, false};
     const std::int64_t old_allocated = var.index.max_allocated();
     CDFGATE_TRY(writer.allocate(last));
     CDFGATE_TRY(writer.pad_records(0, last));
@@ -289,7 +323,7 @@ Status allocate_records(CdfFile& cdf, Variable& var, std::int64_t first, std::in
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
     CDFGATE_TRY(var.index.load(cdf, var, shape.record_bytes));
     var.index.drop_caches();
-    SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}};
+    SlabWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), {}, {}, {}, false};
     const std::int64_t allocated = var.index.max_allocated();
     Status status = kOk;
     if (first <= allocated) {

@@ -433,6 +433,12 @@ TEST_F(ObservedData, NegativeZeroAndGapRecordsOfEpoch16) {
     double d = 1;
     ASSERT_EQ(get_value(r8, 0, d), CDF_OK);
     EXPECT_TRUE(std::signbit(d));
+    // With the negative-to-positive zero mode on, -0.0 is stored as +0.0.
+    ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0on, NULL_), CDF_OK);
+    ASSERT_EQ(put_value(r8, 1, -0.0), CDF_OK);
+    ASSERT_EQ(get_value(r8, 1, d), CDF_OK);
+    EXPECT_FALSE(std::signbit(d));
+    ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0off, NULL_), CDF_OK);
     const long e16 = make("e16", CDF_EPOCH16, 1, {});
     double pair[] = {6.3e10, 5.0};
     ASSERT_EQ(CDFputVarRecordData(id_, 1, e16, 2, pair), CDF_OK);

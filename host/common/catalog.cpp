@@ -57,6 +57,8 @@ constexpr std::array kCatalog{
     CatalogEntry{"QUORIN:imagesci:cdflib:invalidFileId",
                  "The file identifier does not belong to an open CDF file."},
     CatalogEntry{"QUORIN:imagesci:cdflib:invalidOperation", "\"{}\" is not a cdflib command."},
+    CatalogEntry{"QUORIN:imagesci:cdflib:dimSizeTooLarge",
+                 "A hyperslab count is larger than its dimension."},
     CatalogEntry{"QUORIN:imagesci:cdflib:libraryFailure", "{} failed: {}"},
     CatalogEntry{"QUORIN:imagesci:cdflib:mismatchedVarianceSize",
                  "{} dimension variances were given for {} dimensions."},

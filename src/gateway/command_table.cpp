@@ -1,7 +1,7 @@
 #include "gateway/command_table.h"
 
 #include <array>
-#include <stdexcept>
+#include <string_view>
 
 #include "attributes/attribute_commands.h"
 #include "constants/constant_commands.h"
@@ -112,6 +112,13 @@ constexpr std::array<CommandEntry, 93> kCommandTable{{
     {94, "getConstantValue", 1, 1, getConstantValue},
 }};
 
+// The names with their lengths, so that the scan compares lengths before bytes.
+constexpr std::array<std::string_view, kCommandTable.size()> kCommandNames = [] {
+    std::array<std::string_view, kCommandTable.size()> names{};
+    for (std::size_t i = 0; i < names.size(); ++i) names[i] = kCommandTable[i].name;
+    return names;
+}();
+
 }  // namespace
 
 std::span<const CommandEntry> commandTable() {
@@ -119,19 +126,15 @@ std::span<const CommandEntry> commandTable() {
 }
 
 const CommandEntry& lookupCommand(const std::string& name, int nargs) {
-    for (const CommandEntry& entry : kCommandTable) {
-        if (name.compare(entry.name) != 0) continue;
+    for (std::size_t row = 0; row < kCommandTable.size(); ++row) {
+        if (kCommandNames[row] != name) continue;
+        const CommandEntry& entry = kCommandTable[row];
         if (entry.minArgs > nargs || entry.maxArgs < nargs) {
             hvErrMsgId(QUORIN::imagesci::validate::wrongNumberOfInputs());
         }
         return entry;
     }
     hvErrMsgId(QUORIN::imagesci::cdflib::invalidOperation(name));
-}
-
-void notAvailableYet(int, OutputSlot*, int, const hvArray* const*, const CommandEntry* entry) {
-    throw std::runtime_error(std::string("cdflib: the command \"") + entry->name +
-                             "\" is not available yet in this build");
 }
 
 }  // namespace cdfgate::gateway

@@ -14,8 +14,4 @@ std::span<const CommandEntry> commandTable();
 // "invalidOperation" or "wrongNumberOfInputs" otherwise.
 const CommandEntry& lookupCommand(const std::string& name, int nargs);
 
-// Handler of the rows whose commands are not served yet: raises an error saying so.
-void notAvailableYet(int nlhs, OutputSlot* plhs, int nrhs, const hvArray* const* prhs,
-                     const CommandEntry* entry);
-
 }  // namespace cdfgate::gateway

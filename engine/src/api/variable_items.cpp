@@ -217,14 +217,21 @@ CDFstatus get_var_compression(Call& call, Current& cur) {
     }
     *type = cur.var.cpr->c_type;
     parms[0] = cur.var.cpr->parms.empty() ? 0 : cur.var.cpr->parms[0];
+    // Stored bytes of every block in the file (a CVVR's slack included) over the
+    // bytes of its records, rounded half up; the block being written counts once
+    // it is stored.
+    const format::Layout layout = cur.cdf.file->layout();
+    const auto vvr_head = static_cast<std::int64_t>(layout.header_size());
+    const auto cvvr_head =
+        static_cast<std::int64_t>(layout.header_size() + 4 + layout.offset_size());
     std::int64_t packed = 0, records = 0;
     CDFGATE_TRY(store::walk_index(*cur.cdf.file, cur.var, [&](const store::IndexSlot& s) -> Status {
-        packed += s.size - static_cast<std::int64_t>(cur.cdf.file->layout().header_size());
+        packed += s.size - (s.type == format::kCvvr ? cvvr_head : vvr_head);
         records += static_cast<std::int64_t>(s.last) - s.first + 1;
         return kOk;
     }));
     const auto raw = records * static_cast<std::int64_t>(record_bytes(cur.cdf, cur.ref));
-    *pct = raw > 0 ? static_cast<long>((packed * 100 + raw / 2) / raw) : 0;
+    *pct = raw > 0 ? static_cast<long>((200 * packed + raw) / (2 * raw)) : 0;
     return CDF_OK;
 }
 
@@ -232,7 +239,6 @@ CDFstatus put_var_compression(Call& call, Current& cur) {
     const long type = call.args.next_long();
     const long* const parms = call.args.next<long>();
     CDFGATE_TRY(check_writable(cur.cdf));
-    if (cur.var.vdr.max_rec >= 0) return CANNOT_COMPRESS;
     format::Cpr cpr;
     if (type != NO_COMPRESSION) {
         const auto method = codec::method_of_type(static_cast<int>(type));
@@ -245,14 +251,15 @@ CDFstatus put_var_compression(Call& call, Current& cur) {
         cpr.c_type = static_cast<std::int32_t>(type);
         cpr.parms = {static_cast<std::int32_t>(parm)};
     }
-    format::Vdr& vdr = cur.var.vdr;
+    // Only before the first record is written or allocated.
+    const format::Vdr& vdr = cur.var.vdr;
+    if (vdr.max_rec >= 0 || vdr.vxr_head != 0) return CANNOT_COMPRESS;
     cur.cdf.file->set_compression(cur.var, cpr);
-    if (type != NO_COMPRESSION) {
-        if (vdr.blocking_factor == 0) {
-            const std::size_t bytes = std::max<std::size_t>(record_bytes(cur.cdf, cur.ref), 1);
-            vdr.blocking_factor =
-                static_cast<std::int32_t>(std::max<std::size_t>((65536 + bytes - 1) / bytes, 1));
-        }
+    cur.var.reserve_percent = 0;
+    // The blocking factor is fixed at the first write; one set already is kept.
+    const auto bytes = static_cast<long>(std::max<std::size_t>(record_bytes(cur.cdf, cur.ref), 1));
+    if (type != NO_COMPRESSION && vdr.blocking_factor > 0 && vdr.blocking_factor < 65536 / bytes) {
+        return BLOCKINGFACTOR_TOO_SMALL;
     }
     return CDF_OK;
 }
@@ -265,6 +272,15 @@ CDFstatus put_blocking_factor(Call& call, Current& cur) {
         cur.var.vdr.blocking_factor = 1;
         cur.cdf.file->touch();
         return FORCED_PARAMETER;
+    }
+    if (cur.var.compressed()) {
+        // Blocks of a compressed variable keep the factor they were written with.
+        if (cur.var.vdr.max_rec >= 0) return CANNOT_CHANGE;
+        cur.var.vdr.blocking_factor = static_cast<std::int32_t>(factor);
+        cur.cdf.file->touch();
+        const auto bytes =
+            static_cast<long>(std::max<std::size_t>(record_bytes(cur.cdf, cur.ref), 1));
+        return factor > 0 && factor < 65536 / bytes ? BLOCKINGFACTOR_TOO_SMALL2 : CDF_OK;
     }
     cur.var.vdr.blocking_factor = static_cast<std::int32_t>(factor);
     cur.cdf.file->touch();
@@ -400,7 +416,7 @@ CDFstatus select_in_var(long item, Call& call, Current& cur) {
         }
         case zVAR_RESERVEPERCENT_: {
             const long v = call.args.next_long();
-            if (v < 0 || v > 100) return BAD_COMPRESSION_PARM;
+            if (v < 0) return BAD_COMPRESSION_PARM;
             if (!cur.var.compressed()) return NA_FOR_VARIABLE;
             cur.var.reserve_percent = v;
             return CDF_OK;

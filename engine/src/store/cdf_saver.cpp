@@ -4,6 +4,7 @@
 
 #include "store/cdf_file.h"
 #include "store/checksum.h"
+#include "store/compressed_write.h"
 #include "store/whole_file.h"
 
 namespace cdfgate::engine::store {
@@ -46,6 +47,9 @@ format::Adr adr_of(const Attribute& attr, std::size_t index, std::int64_t next) 
 Status CdfFile::save() {
     if (!file_.writable()) return CDF_WRITE_ERROR;
     const format::Layout layout = layout_;
+    // Blocks of compressed variables still being written go to the file first.
+    const Status flushed = flush_stages(*this);
+    CDFGATE_TRY(flushed);
 
     // Descriptors read in an older layout are written in the current one.
     for (const bool z : {false, true}) {
@@ -130,10 +134,12 @@ Status CdfFile::save() {
         layout.v3 && (cdr_.flags & format::kCdrChecksum) && (cdr_.flags & format::kCdrMd5);
     if (file_cpr_.c_type != 0) {
         CDFGATE_TRY(file_.truncate(static_cast<std::uint64_t>(gdr_.eof)));
-        return compress_whole_file(file_, gdr_.eof, file_cpr_, layout, path_);
+        CDFGATE_TRY(compress_whole_file(file_, gdr_.eof, file_cpr_, layout, path_));
+        return flushed;
     }
     if (md5) CDFGATE_TRY(write_md5(file_, gdr_.eof));
-    return file_.truncate(static_cast<std::uint64_t>(gdr_.eof + (md5 ? 16 : 0)));
+    CDFGATE_TRY(file_.truncate(static_cast<std::uint64_t>(gdr_.eof + (md5 ? 16 : 0))));
+    return flushed;
 }
 
 }  // namespace cdfgate::engine::store

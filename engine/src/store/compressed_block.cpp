@@ -29,6 +29,15 @@ Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& bl
                         std::int64_t record_bytes, BlockCache& cache,
                         std::span<const std::uint8_t>& out) {
     const std::int64_t expected = block.count() * record_bytes;
+    if (block.type == kStagedBlock) {
+        const CompressedStage& st = var.stage;
+        if (!st.active || st.first != block.first ||
+            static_cast<std::int64_t>(st.bytes.size()) != expected) {
+            return CDF_INTERNAL_ERROR;
+        }
+        out = st.bytes;
+        return kOk;
+    }
     if (cache.offset == block.offset && static_cast<std::int64_t>(cache.bytes.size()) == expected) {
         out = cache.bytes;
         return kOk;

@@ -118,7 +118,7 @@ struct SlabReader {
         const Block& block = *src.block;
         const std::int64_t box = plan.box_bytes();
         const std::int64_t step = slab.rec_interval * shape.record_bytes;
-        if (block.type == format::kCvvr) {
+        if (block.type != format::kVvr) {  // a CVVR, or the block being written
             std::span<const std::uint8_t> bytes;
             CDFGATE_TRY(
                 compressed_block(cdf, var, block, shape.record_bytes, index.cache(), bytes));

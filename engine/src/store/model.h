@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "format/records.h"
+#include "store/compressed_stage.h"
 #include "store/record_index.h"
 
 namespace cdfgate::engine::store {
@@ -51,6 +52,8 @@ struct Variable {
     std::int64_t reserve_percent = 0;
     // The record index in memory, loaded by the data layer on first access.
     RecordIndex index;
+    // The block of a compressed variable being written (compressed_write.h).
+    CompressedStage stage;
 
     bool z() const { return vdr.z; }
     bool rec_vary() const { return (vdr.flags & format::kVdrRecVary) != 0; }

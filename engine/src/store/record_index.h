@@ -26,6 +26,9 @@ struct Block {
     std::int64_t count() const { return last - first + 1; }
 };
 
+// The type of a block whose records are staged in memory (compressed_stage.h).
+inline constexpr std::int32_t kStagedBlock = 0;
+
 // One VXR. Each used slot covers records first..last and points at a VVR or CVVR
 // (leaf slot) or at a chain of lower VXRs (index slot).
 struct NodeSlot {
@@ -101,6 +104,20 @@ class RecordIndex {
     // leaf passes its last slot to a new leaf chained after it.
     Status insert_block(CdfFile& cdf, Variable& var, std::int64_t first, std::int64_t last,
                         std::int64_t record_bytes);
+
+    // Compressed variables (compressed_write.h). The block being staged stands in
+    // the list as a block of type kStagedBlock; a new one has offset 0 and no slot
+    // in the VXRs until it is stored.
+    void stage_block(std::int64_t first, std::int64_t last);
+    void unstage_block(std::int64_t first);
+    void set_block_type(std::size_t i, std::int32_t type) { blocks_[i].type = type; }
+    // Gives records first..last (none of them allocated) a record of size bytes,
+    // which the caller writes, and a slot; offset receives its place.
+    Status place_record(CdfFile& cdf, Variable& var, std::int64_t first, std::int64_t last,
+                        std::int64_t size, std::int32_t type, std::int64_t& offset);
+    // Block i now lies at offset (its slot follows), with that size and type.
+    Status move_record(CdfFile& cdf, std::size_t i, std::int64_t offset, std::int64_t size,
+                       std::int32_t type);
 
     BlockCache& cache() { return cache_; }
     ReadWindow& window() { return window_; }

@@ -68,6 +68,15 @@ Status count_records(const CdfFile& cdf, const Variable& var, std::int64_t& coun
         return kOk;
     }
     std::int64_t n = 0;
+    if (var.stage.active) {
+        // A compressed block being written is in the index in memory only.
+        for (const Block& b : var.index.blocks()) {
+            const std::int64_t last = std::min(b.last, max_rec);
+            if (last >= b.first) n += last - b.first + 1;
+        }
+        count = n;
+        return kOk;
+    }
     CDFGATE_TRY(walk_index(cdf, var, [&](const IndexSlot& s) -> Status {
         const std::int64_t last = std::min<std::int64_t>(s.last, max_rec);
         if (last >= s.first) n += last - s.first + 1;
@@ -82,6 +91,11 @@ Status allocated_records(const CdfFile& cdf, const Variable& var, std::int64_t& 
     if (!cdf.single_file()) {
         count = var.vdr.max_rec + 1;
         max_allocated = var.vdr.max_rec;
+        return kOk;
+    }
+    if (var.stage.active) {
+        count = var.index.allocated_count();
+        max_allocated = var.index.max_allocated();
         return kOk;
     }
     std::int64_t n = 0, max = -1;

@@ -1,0 +1,157 @@
+// Scratch files and the content of the compression samples for the tests of
+// compressed variables: four variables of 100 records written as the samples'
+// README describes, and the values each record holds.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "cdf.h"
+
+namespace cdfgate::test {
+
+inline std::filesystem::path shared_data(const std::string& relative) {
+    return std::filesystem::path(CDFGATE_SHARED_DATA) / relative;
+}
+
+inline std::vector<std::uint8_t> file_bytes(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    EXPECT_TRUE(in.good()) << path;
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// Record r of the samples' variables r8, i2, ch and blk.
+inline std::array<double, 4> r8_record(long r) {
+    return {static_cast<double>(r), 0.0, r * 0.25, r % 5 == 0 ? 0.0 : 1000 + r / 8.0};
+}
+inline std::array<short, 8> i2_record(long r) {
+    std::array<short, 8> v{};
+    for (int i = 4; i < 8; ++i) v[i] = r % 4 == 0 ? 0 : static_cast<short>(10 * r + i);
+    return v;
+}
+inline std::string ch_record(long r) {
+    char text[17];
+    std::snprintf(text, sizeof text, "record %03ld      ", r);
+    return text;
+}
+inline short blk_record(long r) {
+    return r % 10 == 0 ? static_cast<short>(r) : 0;
+}
+
+class CompressionTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+        std::string name =
+            std::string("cdfgate-cpr-") + info->test_suite_name() + "-" + info->name();
+        for (char& c : name) {
+            if (c == '/') c = '_';
+        }
+        dir_ = std::filesystem::temp_directory_path() / name;
+        std::filesystem::remove_all(dir_);
+        std::filesystem::create_directories(dir_);
+    }
+    void TearDown() override {
+        CDFsetFileBackward(BACKWARDFILEoff);
+        CDFsetValidate(VALIDATEFILEon);
+        std::filesystem::remove_all(dir_);
+    }
+
+    std::string path(const std::string& name) const { return (dir_ / name).string(); }
+
+    static long zvar(const char* name, long type, long elems, std::vector<long> dims,
+                     long rec_vary = VARY) {
+        std::vector<long> varys(dims.size(), VARY);
+        long num = -1;
+        EXPECT_EQ(CDFlib(CREATE_, zVAR_, name, type, elems, static_cast<long>(dims.size()),
+                         dims.data(), rec_vary, varys.data(), &num, NULL_),
+                  CDF_OK);
+        return num;
+    }
+
+    // Writes whole record r of variable var with one hyperslab call.
+    static CDFstatus put_record(long var, long r, const void* values) {
+        return CDFlib(SELECT_, zVAR_, var, zVAR_RECNUMBER_, r, zVAR_RECCOUNT_, 1L,
+                      zVAR_RECINTERVAL_, 1L, PUT_, zVAR_HYPERDATA_, values, NULL_);
+    }
+
+    // The samples' file: title, the four variables compressed with type and
+    // parameter (reserve percent as given), blk with blocking factor 40, records
+    // 0..99 written in turn. Returns the status of the close.
+    CDFstatus write_sample(const std::string& name, long type, long parm, long reserve = 0) {
+        CDFid id = nullptr;
+        EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(name).c_str()), &id), CDF_OK);
+        long attr = -1;
+        EXPECT_EQ(CDFlib(CREATE_, ATTR_, "TITLE", GLOBAL_SCOPE, &attr, NULL_), CDF_OK);
+        char title[] = "CDF compression sample";
+        EXPECT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 22, title), CDF_OK);
+        const long r8 = zvar("r8", CDF_REAL8, 1, {4});
+        const long i2 = zvar("i2", CDF_INT2, 1, {8});
+        const long ch = zvar("ch", CDF_CHAR, 16, {});
+        const long blk = zvar("blk", CDF_INT2, 1, {});
+        long parms[] = {parm};
+        for (const long v : {r8, i2, ch, blk}) {
+            EXPECT_EQ(CDFlib(SELECT_, zVAR_, v, PUT_, zVAR_COMPRESSION_, type, parms, NULL_),
+                      CDF_OK);
+            if (reserve != 0) {
+                EXPECT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, reserve, NULL_), CDF_OK);
+            }
+        }
+        EXPECT_EQ(CDFlib(SELECT_, zVAR_, blk, PUT_, zVAR_BLOCKINGFACTOR_, 40L, NULL_),
+                  BLOCKINGFACTOR_TOO_SMALL2);
+        for (long r = 0; r < 100; ++r) {
+            const auto a = r8_record(r);
+            const auto b = i2_record(r);
+            const std::string c = ch_record(r);
+            const short d = blk_record(r);
+            EXPECT_GE(put_record(r8, r, a.data()), CDF_OK) << r;
+            EXPECT_GE(put_record(i2, r, b.data()), CDF_OK) << r;
+            EXPECT_GE(put_record(ch, r, c.data()), CDF_OK) << r;
+            EXPECT_GE(put_record(blk, r, &d), CDF_OK) << r;
+        }
+        return CDFlib(CLOSE_, CDF_, NULL_);
+    }
+
+    // Checks every value of the samples' four variables in the open current CDF.
+    static void expect_sample_values() {
+        std::vector<double> r8(400);
+        std::vector<short> i2(800);
+        std::vector<char> ch(1600);
+        std::vector<short> blk(100);
+        const struct {
+            long var;
+            void* out;
+        } reads[] = {{0, r8.data()}, {1, i2.data()}, {2, ch.data()}, {3, blk.data()}};
+        for (const auto& read : reads) {
+            long dims = 0, sizes[CDF_MAX_DIMS] = {};
+            ASSERT_EQ(CDFlib(SELECT_, zVAR_, read.var, GET_, zVAR_NUMDIMS_, &dims, NULL_), CDF_OK);
+            ASSERT_EQ(CDFlib(GET_, zVAR_DIMSIZES_, sizes, NULL_), CDF_OK);
+            long zeros[CDF_MAX_DIMS] = {}, ones[CDF_MAX_DIMS] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+            ASSERT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, 100L, zVAR_RECINTERVAL_,
+                             1L, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, sizes,
+                             zVAR_DIMINTERVALS_, ones, GET_, zVAR_HYPERDATA_, read.out, NULL_),
+                      CDF_OK)
+                << read.var;
+        }
+        for (long r = 0; r < 100; ++r) {
+            const auto a = r8_record(r);
+            const auto b = i2_record(r);
+            for (int i = 0; i < 4; ++i) ASSERT_EQ(r8[r * 4 + i], a[i]) << r;
+            for (int i = 0; i < 8; ++i) ASSERT_EQ(i2[r * 8 + i], b[i]) << r;
+            ASSERT_EQ(std::string(ch.data() + r * 16, 16), ch_record(r));
+            ASSERT_EQ(blk[r], blk_record(r));
+        }
+    }
+
+    std::filesystem::path dir_;
+};
+
+}  // namespace cdfgate::test

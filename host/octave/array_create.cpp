@@ -53,12 +53,16 @@ struct MxDestroy {
 };
 using OwnedMx = std::unique_ptr<mxArray, MxDestroy>;
 
-// fname(arguments...) through the interpreter: its one result, registered with the
+// builtin(fname, arguments...) through the interpreter, so that no function of the
+// user's path can stand in for Octave's own: its one result, registered with the
 // running MEX call like any array the call creates.
 mxArray* callOctave(const char* fname, std::span<mxArray* const> arguments) {
+    const OwnedMx name(mxCreateString(fname));
+    std::vector<mxArray*> inputs{name.get()};
+    inputs.insert(inputs.end(), arguments.begin(), arguments.end());
     mxArray* result = nullptr;
-    const int failed = mexCallMATLAB(1, &result, static_cast<int>(arguments.size()),
-                                     const_cast<mxArray**>(arguments.data()), fname);
+    const int failed =
+        mexCallMATLAB(1, &result, static_cast<int>(inputs.size()), inputs.data(), "builtin");
     return failed ? nullptr : result;
 }
 

@@ -1,6 +1,7 @@
 // File settings (format, majority, encoding, checksum, compression), read-only
 // mode, cache sizes, reserve percentage and the CDF's version and notice.
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <string>
 
@@ -227,6 +228,22 @@ TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
     char set[] = {'a', 0, 'b', 'c'};
     ASSERT_EQ(CDFlib(PUT_, zVAR_PADVALUE_, set, GET_, zVAR_PADVALUE_, pad, NULL_), CDF_OK);
     EXPECT_STREQ(pad, "a   ");
+}
+
+TEST_F(Settings, NegativeZeroIsKeptUnlessTheModeIsOn) {
+    CDFid id = create("z");
+    const long g = create_attr("g", GLOBAL_SCOPE);
+    double values[] = {-0.0, -1.0};
+    double back[2] = {};
+    ASSERT_EQ(CDFputAttrEntry(id, 1, g, 0, CDF_DOUBLE, 2, values), CDF_OK);
+    ASSERT_EQ(CDFgetAttrEntry(id, 1, g, 0, back), CDF_OK);
+    EXPECT_TRUE(std::signbit(back[0]));
+    EXPECT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, 5L, NULL_), BAD_NEGtoPOSfp0_MODE);
+    ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0on, NULL_), CDF_OK);
+    ASSERT_EQ(CDFputAttrEntry(id, 1, g, 1, CDF_DOUBLE, 2, values), CDF_OK);
+    ASSERT_EQ(CDFgetAttrEntry(id, 1, g, 1, back), CDF_OK);
+    EXPECT_FALSE(std::signbit(back[0]));
+    EXPECT_EQ(back[1], -1.0);
 }
 
 }  // namespace

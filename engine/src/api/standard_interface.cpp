@@ -179,26 +179,40 @@ CDFstatus record_data(CDFid id, int zVar, long varNum, long recNum, void* buffer
     CDFstatus status = CDFlib(SELECT_, CDF_, id, NULL_);
     if (status < CDF_WARN) return status;
     api::OpenCdf& cdf = *api::library_state().current_cdf();
-    if (zVar == 0 && cdf.zmode == zMODEoff && cdf.file->variables(false).empty())
+    const long saved_mode = cdf.zmode;
+    long view_number = varNum;
+    if (zVar == 0 && saved_mode == zMODEoff) {
+        // rVariable varNum: seen through zMode 1, which keeps every dimension and
+        // numbers the rVariables first.
+        if (varNum < 0 || static_cast<std::size_t>(varNum) >= cdf.file->variables(false).size()) {
+            return NO_SUCH_VAR;
+        }
+        cdf.zmode = zMODEon1;
+    }
+    const auto ref = api::zvar_ref(cdf, view_number);
+    if (varNum < 0 || !ref) {
+        cdf.zmode = saved_mode;
         return NO_SUCH_VAR;
-    if (varNum < 0 || !api::zvar_ref(cdf, varNum)) return NO_SUCH_VAR;
-    if (recNum < 0) return NO_SUCH_RECORD;
+    }
+    if (recNum < 0) {
+        cdf.zmode = saved_mode;
+        return NO_SUCH_RECORD;
+    }
     const auto saved_var = cdf.cur_zvar;
-    const api::VarRef ref = *api::zvar_ref(cdf, varNum);
-    const api::VarSelection saved = api::selection(cdf, ref);
-    const api::Shape shape = api::variable_shape(cdf, ref);
+    const api::VarSelection saved = api::selection(cdf, *ref);
+    const api::Shape shape = api::variable_shape(cdf, *ref);
     long zeros[CDF_MAX_DIMS] = {0};
     long ones[CDF_MAX_DIMS] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
     long sizes[CDF_MAX_DIMS] = {0};
     for (std::size_t d = 0; d < shape.sizes.size(); ++d) sizes[d] = shape.sizes[d];
-    status = CDFlib(SELECT_, zVAR_, varNum, zVAR_RECNUMBER_, recNum, zVAR_RECCOUNT_, 1L,
+    status = CDFlib(SELECT_, zVAR_, view_number, zVAR_RECNUMBER_, recNum, zVAR_RECCOUNT_, 1L,
                     zVAR_RECINTERVAL_, 1L, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, sizes,
                     zVAR_DIMINTERVALS_, ones, op, zVAR_HYPERDATA_, buffer, NULL_);
-    api::VarSelection& sel = api::selection(cdf, ref);
-    sel = saved;
+    api::selection(cdf, *ref) = saved;
     for (bool z : {false, true}) {
         for (auto& s : cdf.selections(z)) s.rec_number = recNum;
     }
+    cdf.zmode = saved_mode;
     cdf.cur_zvar = saved_var;
     return status;
 }

@@ -169,4 +169,26 @@ TEST_F(ZMode, REntriesAppearAsZEntries) {
     EXPECT_EQ(value, 555);
 }
 
+TEST(ZModeRecords, RVariableRecordsInZModeZeroAndTwo) {
+    const std::string file = std::string(CDFGATE_SHARED_DATA) + "/format/rvars_network.cdf";
+    CDFid id = nullptr;
+    ASSERT_EQ(CDFlib(OPEN_, CDF_, file.c_str(), &id, NULL_), CDF_OK);
+    short full[6] = {};
+    ASSERT_EQ(CDFgetVarRecordData(id, 0, 0, 1, full), CDF_OK);
+    // Dimension 1 does not vary: each stored value repeats along it.
+    const short expected_full[] = {1, 1, 1, 2, 2, 2};
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(full[i], expected_full[i]) << i;
+    EXPECT_EQ(CDFgetVarRecordData(id, 0, 2, 0, full), NO_SUCH_VAR);
+    long mode = -9;
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_zMODE_, &mode, NULL_), CDF_OK);
+    EXPECT_EQ(mode, zMODEoff);
+
+    ASSERT_EQ(CDFlib(SELECT_, CDF_zMODE_, zMODEon2, NULL_), CDF_OK);
+    short shown[2] = {};
+    ASSERT_EQ(CDFgetVarRecordData(id, 1, 0, 0, shown), CDF_OK);
+    EXPECT_EQ(shown[0], 1);
+    EXPECT_EQ(shown[1], 2);
+    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+}
+
 }  // namespace

@@ -75,6 +75,11 @@ Status check_slab(const DataShape& shape, const Hyperslab& slab, std::int64_t& b
         if ((count - 1) > room / interval) return BAD_DIM_INDEX;
         if (!multiply(values, count)) return BAD_DIM_INDEX;
     }
+    // The whole buffer must be addressable.
+    std::int64_t bytes = values;
+    if (!multiply(bytes, shape.value_bytes) || !multiply(bytes, slab.rec_count)) {
+        return BAD_REC_COUNT;
+    }
     box_values = values;
     return kOk;
 }

@@ -50,7 +50,8 @@ Hyperslab whole_record(const DataShape& shape, std::int64_t record);
 // Checks the slab against the shape, as the reference library does at access:
 // records BAD_REC_NUM / BAD_REC_COUNT / BAD_REC_INTERVAL, a count or interval
 // below 1 BAD_DIM_COUNT / BAD_DIM_INTERVAL, an index or box end outside its
-// dimension BAD_DIM_INDEX. Gives the number of values of one record's box.
+// dimension BAD_DIM_INDEX, a buffer too large to address BAD_REC_COUNT. Gives the
+// number of values of one record's box.
 Status check_slab(const DataShape& shape, const Hyperslab& slab, std::int64_t& box_values);
 
 }  // namespace cdfgate::engine::store

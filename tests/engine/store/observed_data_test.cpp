@@ -473,6 +473,16 @@ TEST_F(ObservedData, PartlyWrittenRecordHoldsPadElsewhere) {
     EXPECT_EQ(get_long(zVARs_MAXREC_), 5);
 }
 
+TEST_F(ObservedData, BufferTooLargeToAddressIsRefused) {
+    const long v = make("v", CDF_REAL8, 1, {1000});
+    double x = 7;
+    records(v, 0, 0x7FFFFFFFFFFFFFFFL / 4);  // 8000-byte records: past 2^63 bytes
+    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, &x, NULL_), BAD_REC_COUNT);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_HYPERDATA_, &x, NULL_), BAD_REC_COUNT);
+    EXPECT_EQ(x, 7);
+    EXPECT_EQ(get_long(zVAR_MAXREC_), -1);
+}
+
 TEST_F(ObservedData, RecordFunctionsCheckVariableAndRecord) {
     const long v = make("v", CDF_INT2, 1, {2, 3});  // DA19 to DA28
     short six[] = {1, 2, 3, 4, 5, 6}, buf[6] = {};

@@ -116,7 +116,7 @@ function label = axis_label (id, v)
   endif
 endfunction
 
-function quicklook (file, png)
+function draw_quicklook (file, png)
   id = cdflib ("open", file);
   closer = onCleanup (@() cdflib ("close", id));
   pairs = time_series (id);
@@ -139,10 +139,11 @@ function quicklook (file, png)
     endif
     xlim ([min(times) max(times) + eps(max (times))]);
     datetick ("x", "keeplimits");
-    title (strrep (var_text_or_name (id, v), "_", "\\_"));
-    ylabel (strrep (axis_label (id, v), "_", "\\_"));
+    title (var_text_or_name (id, v), "interpreter", "none");
+    ylabel (axis_label (id, v), "interpreter", "none");
   endfor
-  xlabel (sprintf ("%s to %s (UTC)", datestr (times(1), 31), datestr (times(end), 31)));
+  xlabel (sprintf ("%s to %s (UTC)", datestr (times(1), 31), datestr (times(end), 31)),
+          "interpreter", "none");
   print (figure_handle, png, "-dpng", "-r90");
   close (figure_handle);
   printf ("%s: %d panels written to %s\n", file, rows (pairs), png);
@@ -161,4 +162,4 @@ if (numel (args) != 2)
 endif
 warning ("off", "Octave:gnuplot-graphics");
 graphics_toolkit ("gnuplot");
-quicklook (args{1}, args{2});
+draw_quicklook (args{1}, args{2});

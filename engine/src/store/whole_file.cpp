@@ -42,9 +42,11 @@ Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, l
     io::File scratch;
     CDFGATE_TRY(io::File::create_scratch(scratch));
     CDFGATE_TRY(scratch.write(0, image));
-    const auto outer = static_cast<std::int64_t>(file.size());
+    // The magic numbers, CCR and CPR over the expanded file, rounded half up (an MD5
+    // trailer does not count).
+    const auto outer = static_cast<std::int64_t>(8 + ccr_bytes.size() + cpr_bytes.size());
     file = std::move(scratch);
-    percent = static_cast<long>(outer * 100 / (ccr.u_size + 8));
+    percent = static_cast<long>((200 * outer + ccr.u_size + 8) / (2 * (ccr.u_size + 8)));
     return kOk;
 }
 

@@ -188,3 +188,54 @@ TEST_F(CompressionTest, ReservePercentagesAbove100ScaleThePayload) {
 }
 
 }  // namespace
+
+namespace {
+
+struct FilePercent {
+    const char* file;
+    long type;
+    long parm;
+    long pct;
+};
+
+class WholeFilePercent : public CompressionTest,
+                         public ::testing::WithParamInterface<FilePercent> {};
+
+// (8 + CCR + CPR) over the expanded size, rounded half up: file_rle is 83.5.
+TEST_P(WholeFilePercent, ReferenceFilesReportTheirPercentage) {
+    const FilePercent& p = GetParam();
+    const std::string file = shared_data(std::string("compression/") + p.file).string();
+    CDFid id = nullptr;
+    ASSERT_EQ(CDFlib(OPEN_, CDF_, file.c_str(), &id, NULL_), CDF_OK);
+    long type = -9, parms[CDF_MAX_PARMS] = {-9}, pct = -9;
+    ASSERT_EQ(CDFlib(GET_, CDF_COMPRESSION_, &type, parms, &pct, NULL_), CDF_OK);
+    EXPECT_EQ(type, p.type);
+    EXPECT_EQ(parms[0], p.parm);
+    EXPECT_EQ(pct, p.pct);
+    for (long v = 0; v < 4; ++v) {
+        long vtype = -9, vparms[CDF_MAX_PARMS] = {-9}, vpct = -9;
+        ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, GET_, zVAR_COMPRESSION_, &vtype, vparms, &vpct, NULL_),
+                  CDF_OK);
+        EXPECT_EQ(vtype, NO_COMPRESSION);
+        EXPECT_EQ(vparms[0], -9);
+        EXPECT_EQ(vpct, 100);
+    }
+    expect_sample_values();
+    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, WholeFilePercent,
+                         ::testing::Values(FilePercent{"file_rle.cdf", RLE_COMPRESSION, 0, 84},
+                                           FilePercent{"file_huff.cdf", HUFF_COMPRESSION, 0, 49},
+                                           FilePercent{"file_ahuff.cdf", AHUFF_COMPRESSION, 0, 46},
+                                           FilePercent{"file_gzip1.cdf", GZIP_COMPRESSION, 1, 9},
+                                           FilePercent{"file_gzip6.cdf", GZIP_COMPRESSION, 6, 8},
+                                           FilePercent{"file_gzip9.cdf", GZIP_COMPRESSION, 9, 8},
+                                           FilePercent{"file_gzip6_md5.cdf", GZIP_COMPRESSION, 6,
+                                                       8}),
+                         [](const auto& info) {
+                             const std::string name = info.param.file;
+                             return name.substr(5, name.size() - 9);
+                         });
+
+}  // namespace

@@ -58,3 +58,22 @@
 %! end_unwind_protect
 %! id = cdflib ("open", fullfile (getenv ("CDFGATE_OCTAVE_SCRATCH"), "shutdown_e.cdf"));
 %! cdflib ("close", id);
+
+%!test
+%! ## Octave exiting with files open: one warning, and the file is complete.
+%! target = fullfile (getenv ("CDFGATE_OCTAVE_SCRATCH"), "shutdown_exit.cdf");
+%! if (exist (target, "file"))
+%!   delete (target);
+%! endif
+%! script = sprintf (["id = cdflib ('create', '%s'); " ...
+%!                    "v = cdflib ('createVar', id, 'x', 45, 1, [], true, []); " ...
+%!                    "cdflib ('putVarRecordData', id, v, 0, 42);"], target);
+%! [status, output] = system (sprintf ('"%s" --norc --no-history --path "%s" --eval "%s" 2>&1',
+%!                                     getenv ("CDFGATE_OCTAVE_CLI"),
+%!                                     getenv ("CDFGATE_OCTAVE_DIR"), script));
+%! assert (status, 0, output);
+%! assert (numel (strfind (output, "warning:")), 1, output);
+%! assert (! isempty (strfind (output, "cdflib: ")), output);
+%! id = cdflib ("open", target);
+%! assert (cdflib ("getVarRecordData", id, 0, 0), 42);
+%! cdflib ("close", id);

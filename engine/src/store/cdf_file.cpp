@@ -88,6 +88,11 @@ Status CdfFile::add_variable(Variable variable) {
     place(variable.at, size);
     auto& list = variables(variable.z());
     variable.vdr.num = static_cast<std::int32_t>(list.size());
+    if (!single_file()) {
+        // A multi-file CDF keeps the variable's values in a file of its own.
+        const std::string var_path = variable_file_path(variable.z(), list.size());
+        if (!io::path_exists(var_path)) CDFGATE_TRY(io::overwrite_file(var_path, {}));
+    }
     list.push_back(std::move(variable));
     touch();
     return kOk;
@@ -218,17 +223,20 @@ Status CdfFile::close() {
     return status.failed() ? Status{CDF_CLOSE_ERROR} : status;
 }
 
+std::string CdfFile::variable_file_path(bool z, std::size_t index) const {
+    std::string base = path_;
+    const std::string ext = base.size() > 4 ? base.substr(base.size() - 4) : "";
+    if (ext == ".cdf" || ext == ".CDF") base.resize(base.size() - 4);
+    return base + (z ? ".z" : ".v") + std::to_string(index);
+}
+
 Status CdfFile::remove() {
     file_.close();
     closed_ = true;
     Status status = io::remove_file(path_);
-    // Variable files of a multi-file CDF sit beside it: <base>.z<n> / .v<n>.
-    std::string base = path_;
-    const std::string ext = base.size() > 4 ? base.substr(base.size() - 4) : "";
-    if (ext == ".cdf" || ext == ".CDF") base.resize(base.size() - 4);
     for (const bool z : {false, true}) {
         for (std::size_t i = 0; i < variables(z).size(); ++i) {
-            const std::string var_path = base + (z ? ".z" : ".v") + std::to_string(i);
+            const std::string var_path = variable_file_path(z, i);
             if (io::path_exists(var_path)) (void)io::remove_file(var_path);
         }
     }

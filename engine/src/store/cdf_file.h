@@ -43,6 +43,8 @@ class CdfFile {
     Status remove();
 
     const std::string& path() const { return path_; }
+    // The file holding a variable's values in a multi-file CDF: <base>.z<n> / .v<n>.
+    std::string variable_file_path(bool z, std::size_t index) const;
     format::Layout layout() const { return layout_; }
     bool v3() const { return layout_.v3; }
     // Status for a file whose records do not hang together.

@@ -1,0 +1,68 @@
+// How one CDFlib call combines the statuses of its items: the first error stops
+// it, otherwise the last warning wins over any information, and information
+// over success.
+#include <string>
+
+#include "cdf_fixture.h"
+
+namespace {
+
+class StatusCombination : public cdfgate::test::CdfTest {
+  protected:
+    void SetUp() override {
+        CdfTest::SetUp();
+        create("c");
+        create_zvar("v0", CDF_INT4, 1);
+    }
+    const std::string long_name_ = std::string(259, 'w');
+};
+
+TEST_F(StatusCombination, WarningSurvivesLaterSuccess) {
+    long num = -1;
+    unsigned char pad[4];
+    EXPECT_EQ(CDFlib(CREATE_, zVAR_, std::string(260, 'v').c_str(), CDF_INT4, 1L, 0L, nullptr, VARY,
+                     nullptr, &num, GET_, zVAR_PADVALUE_, pad, NULL_),
+              VAR_NAME_TRUNC);
+    EXPECT_EQ(num, 1);
+}
+
+TEST_F(StatusCombination, WarningOutranksInformationInEitherOrder) {
+    long p = 0;
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, CLOSE_, zVAR_, NULL_),
+              NA_FOR_VARIABLE);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, CLOSE_, zVAR_, CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_),
+              NA_FOR_VARIABLE);
+}
+
+TEST_F(StatusCombination, LastWarningWins) {
+    long num = -1, p = 0;
+    EXPECT_EQ(CDFlib(CREATE_, zVAR_, long_name_.c_str(), CDF_INT4, 1L, 0L, nullptr, VARY, nullptr,
+                     &num, SELECT_, zVAR_, 0L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_),
+              NA_FOR_VARIABLE);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, SELECT_, zVAR_, 1L,
+                     PUT_, zVAR_NAME_, long_name_.c_str(), NULL_),
+              VAR_NAME_TRUNC);
+}
+
+TEST_F(StatusCombination, ErrorStopsTheCallAndKeepsEarlierEffects) {
+    long p = 0, cur = -9;
+    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_RESERVEPERCENT_, &p, SELECT_, zVAR_, 5L, PUT_, zVAR_NAME_, "x",
+                     NULL_),
+              NO_SUCH_VAR);
+    char name[CDF_VAR_NAME_LEN256 + 1];
+    ASSERT_EQ(CDFlib(CONFIRM_, zVAR_, &cur, GET_, zVAR_NAME_, name, NULL_), CDF_OK);
+    EXPECT_EQ(cur, 0);
+    EXPECT_STREQ(name, "v0");
+    // The selection made before the failing item stays.
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 4L, zVAR_RECCOUNT_, 0L, NULL_), BAD_REC_COUNT);
+    long rec = -9;
+    ASSERT_EQ(CDFlib(CONFIRM_, zVAR_RECNUMBER_, &rec, NULL_), CDF_OK);
+    EXPECT_EQ(rec, 4);
+}
+
+TEST_F(StatusCombination, InformationIsReturnedWhenNothingElseHappens) {
+    EXPECT_EQ(CDFlib(SELECT_, zVARs_CACHESIZE_, 5L, CONFIRM_, zVAR_EXISTENCE_, "v0", NULL_),
+              SINGLE_FILE_FORMAT);
+}
+
+}  // namespace

@@ -9,9 +9,22 @@
 namespace cdfgate::engine::store {
 namespace {
 
-// No stream of the four methods expands more than about a thousandfold.
-constexpr std::int64_t kMaxExpansion = 1100;
 constexpr std::int64_t kMaxImage = std::int64_t{1} << 34;
+
+// How many times its own size a stream of each method can expand to, at most:
+// a 2-byte RLE pair stands for 256 zeros, a Huffman code takes at least one bit,
+// deflate reaches about 1032.
+std::int64_t max_expansion(codec::Method method) {
+    switch (method) {
+        case codec::Method::Rle:
+            return 129;
+        case codec::Method::Huff:
+        case codec::Method::Ahuff:
+            return 9;
+        default:
+            return 1100;
+    }
+}
 
 }  // namespace
 
@@ -30,7 +43,8 @@ Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, l
     const std::span<const std::uint8_t> data =
         std::span<const std::uint8_t>(ccr_bytes).subspan(ccr.data_start);
     const auto in_size = static_cast<std::int64_t>(data.size());
-    if (ccr.u_size < 8 || ccr.u_size > kMaxImage || ccr.u_size > (in_size + 64) * kMaxExpansion) {
+    if (ccr.u_size < 8 || ccr.u_size > kMaxImage ||
+        ccr.u_size > (in_size + 64) * max_expansion(*method)) {
         return corrupted;
     }
     std::vector<std::uint8_t> image(8 + static_cast<std::size_t>(ccr.u_size));

@@ -1,6 +1,7 @@
 #include "io/file.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -74,11 +75,16 @@ Status File::create(const std::string& path, File& out) {
 }
 
 Status File::create_scratch(File& out) {
-    const char* dir = std::getenv("TMPDIR");
-    std::string pattern = std::string(dir && *dir ? dir : "/tmp") + "/cdfgate-XXXXXX";
-    const int fd = ::mkstemp(pattern.data());
-    if (fd < 0) return SCRATCH_CREATE_ERROR;
-    ::unlink(pattern.c_str());
+    // In memory: a file that is only read never leaves a copy on disk. Where that
+    // is not available, an unlinked file in the temporary directory.
+    int fd = ::memfd_create("cdfgate-scratch", MFD_CLOEXEC);
+    if (fd < 0) {
+        const char* dir = std::getenv("TMPDIR");
+        std::string pattern = std::string(dir && *dir ? dir : "/tmp") + "/cdfgate-XXXXXX";
+        fd = ::mkstemp(pattern.data());
+        if (fd < 0) return SCRATCH_CREATE_ERROR;
+        ::unlink(pattern.c_str());
+    }
     File file;
     file.fd_ = fd;
     file.writable_ = true;

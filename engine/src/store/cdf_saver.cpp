@@ -134,7 +134,7 @@ Status CdfFile::save() {
         layout.v3 && (cdr_.flags & format::kCdrChecksum) && (cdr_.flags & format::kCdrMd5);
     if (file_cpr_.c_type != 0) {
         CDFGATE_TRY(file_.truncate(static_cast<std::uint64_t>(gdr_.eof)));
-        CDFGATE_TRY(compress_whole_file(file_, gdr_.eof, file_cpr_, layout, path_));
+        CDFGATE_TRY(compress_whole_file(file_, gdr_.eof, file_cpr_, layout, md5, path_));
         return flushed;
     }
     if (md5) CDFGATE_TRY(write_md5(file_, gdr_.eof));

@@ -1,10 +1,16 @@
 #include "store/whole_file.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <filesystem>
+#include <string>
 #include <vector>
 
 #include "codec/dispatch.h"
+#include "codec/md5.h"
 #include "store/cdf_file.h"
+#include "store/checksum.h"
 
 namespace cdfgate::engine::store {
 namespace {
@@ -26,6 +32,30 @@ std::int64_t max_expansion(codec::Method method) {
     }
 }
 
+// Writes bytes to a new file beside path and renames it over path, so that a
+// failure leaves the original whole.
+Status replace_file(const std::string& path, std::span<const std::uint8_t> bytes) {
+    std::string temp;
+    io::File file;
+    for (int attempt = 0;; ++attempt) {
+        temp = path + ".cdfgate-" + std::to_string(::getpid()) + "-" + std::to_string(attempt);
+        const Status created = io::File::create(temp, file);
+        if (created.code == CDF_EXISTS && attempt < 100) continue;
+        if (created.failed()) return CDF_WRITE_ERROR;
+        break;
+    }
+    Status status = file.write(0, bytes);
+    if (!status.failed()) status = file.sync();
+    file.close();
+    std::error_code ec;
+    if (!status.failed()) std::filesystem::rename(temp, path, ec);
+    if (status.failed() || ec) {
+        std::filesystem::remove(temp, ec);
+        return CDF_WRITE_ERROR;
+    }
+    return kOk;
+}
+
 }  // namespace
 
 Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, long& percent) {
@@ -43,23 +73,32 @@ Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, l
     const std::span<const std::uint8_t> data =
         std::span<const std::uint8_t>(ccr_bytes).subspan(ccr.data_start);
     const auto in_size = static_cast<std::int64_t>(data.size());
+    if (ccr.u_size == 0) return EMPTY_COMPRESSED_CDF;
     if (ccr.u_size < 8 || ccr.u_size > kMaxImage ||
         ccr.u_size > (in_size + 64) * max_expansion(*method)) {
         return corrupted;
     }
     std::vector<std::uint8_t> image(8 + static_cast<std::size_t>(ccr.u_size));
     if (codec::decode(*method, data, std::span(image).subspan(8)) != codec::Result::Ok) {
-        return DECOMPRESSION_ERROR;
+        return *method == codec::Method::Gzip ? ZLIB_UNCOMPRESS_ERROR : DECOMPRESSION_ERROR;
+    }
+    // The magic numbers, CCR and CPR; an MD5 digest of them follows when the inner
+    // CDR asks for one (version 3 only).
+    const auto outer = static_cast<std::int64_t>(8 + ccr_bytes.size() + cpr_bytes.size());
+    constexpr std::size_t kCdrFlags = 8 + 32;
+    constexpr std::uint32_t kMd5Flags = format::kCdrChecksum | format::kCdrMd5;
+    if (layout.v3 && image.size() >= kCdrFlags + 4 &&
+        (encoding::load_be32(image.data() + kCdrFlags) & kMd5Flags) == kMd5Flags) {
+        CDFGATE_TRY(verify_md5(file, outer));
     }
     encoding::store_be32(image.data(), layout.v3 ? format::kMagicV3 : format::kMagicV2);
     encoding::store_be32(image.data() + 4, format::kMagicUncompressed);
     io::File scratch;
     CDFGATE_TRY(io::File::create_scratch(scratch));
     CDFGATE_TRY(scratch.write(0, image));
-    // The magic numbers, CCR and CPR over the expanded file, rounded half up (an MD5
-    // trailer does not count).
-    const auto outer = static_cast<std::int64_t>(8 + ccr_bytes.size() + cpr_bytes.size());
     file = std::move(scratch);
+    // The stored records over the expanded file, rounded half up (the digest does
+    // not count).
     percent = static_cast<long>((200 * outer + ccr.u_size + 8) / (2 * (ccr.u_size + 8)));
     return kOk;
 }
@@ -104,7 +143,7 @@ Status whole_file_info(const std::string& path, format::Cpr& cpr, std::int64_t& 
 }
 
 Status compress_whole_file(const io::File& scratch, std::int64_t eof, const format::Cpr& cpr,
-                           format::Layout layout, const std::string& path) {
+                           format::Layout layout, bool md5, const std::string& path) {
     const auto method = codec::method_of_type(cpr.c_type);
     if (!method || eof < 8) return UNKNOWN_COMPRESSION;
     std::vector<std::uint8_t> image(static_cast<std::size_t>(eof - 8));
@@ -127,7 +166,11 @@ Status compress_whole_file(const io::File& scratch, std::int64_t eof, const form
     w.bytes(packed);
     const auto cpr_bytes = format::serialize_cpr(cpr, layout);
     out.insert(out.end(), cpr_bytes.begin(), cpr_bytes.end());
-    return io::overwrite_file(path, out);
+    if (md5) {
+        const codec::Md5Digest digest = codec::md5_of(out);
+        out.insert(out.end(), digest.begin(), digest.end());
+    }
+    return replace_file(path, out);
 }
 
 }  // namespace cdfgate::engine::store

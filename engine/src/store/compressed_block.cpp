@@ -62,7 +62,7 @@ Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& bl
     std::vector<std::uint8_t> payload(static_cast<std::size_t>(c_size));
     CDFGATE_TRY(cdf.file().read(static_cast<std::uint64_t>(block.offset + fixed), payload));
     cache.offset = 0;
-    cache.bytes.assign(static_cast<std::size_t>(expected), 0);
+    cache.bytes.resize(static_cast<std::size_t>(expected));  // every byte is decoded into
     CDFGATE_TRY(status_of(codec::decode(*method, payload, cache.bytes), *method));
     cache.offset = block.offset;
     out = cache.bytes;

@@ -1,8 +1,8 @@
 // Feeds host arrays of random classes and shapes to the 93 commands on an open file.
-// Every input starts from the same small file, opened afresh; the bytes then choose
-// up to kMaxCalls calls. A call may succeed, raise a HostError, or let through the
-// standard library's logic error for a text argument (the command name included)
-// that is not text; anything else, and any crash, overrun or leak, is a finding.
+// Every input starts from the same small file (row- or column-major), opened afresh; the bytes then
+// choose up to kMaxCalls calls. A call may succeed, raise a HostError, or let through the standard
+// library's logic error for a text argument (the command name included) that is not text; anything
+// else, and any crash, overrun or leak, is a finding.
 #include <fuzzer/FuzzedDataProvider.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -16,6 +16,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "cdf.h"
@@ -41,10 +42,32 @@ constexpr double kMaxRequest = 1e6;
 }
 
 struct Scratch {
+    Scratch() = default;
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+    Scratch(Scratch&& other) noexcept
+        : dir(std::exchange(other.dir, {})), templates(std::move(other.templates)) {}
+    Scratch& operator=(Scratch&&) = delete;
+    // Removes the folder at exit; a crash leaves it for inspection.
+    ~Scratch() {
+        std::error_code ignored;
+        if (!dir.empty()) fs::remove_all(dir, ignored);
+    }
+
     fs::path dir;
-    std::string template_path;
-    std::vector<std::uint8_t> template_bytes;
+    // The template in each majority; the work file is a copy of one of them.
+    std::array<std::vector<std::uint8_t>, 2> templates;
 };
+
+std::vector<std::uint8_t> read_file(const fs::path& path) {
+    std::vector<std::uint8_t> bytes(fs::file_size(path));
+    std::FILE* in = std::fopen(path.c_str(), "rb");
+    if (in == nullptr || std::fread(bytes.data(), 1, bytes.size(), in) != bytes.size()) {
+        finding("setup", "cannot read " + path.string());
+    }
+    std::fclose(in);
+    return bytes;
+}
 
 const Scratch& scratch() {
     static const Scratch s = [] {
@@ -54,17 +77,14 @@ const Scratch& scratch() {
         out.dir = base / ("cdfgate-fuzz-gateway-" + std::to_string(getpid()));
         fs::remove_all(out.dir);
         fs::create_directories(out.dir);
-        out.template_path = (out.dir / "template.cdf").string();
-        if (!cdfgate::fuzz::write_template_file(out.template_path)) {
-            finding("setup", "cannot write the template file");
+        for (const bool row : {true, false}) {
+            const fs::path path = out.dir / (row ? "row.cdf" : "column.cdf");
+            if (!cdfgate::fuzz::write_template_file(path.string(), row)) {
+                finding("setup", "cannot write " + path.string());
+            }
+            out.templates[row ? 0 : 1] = read_file(path);
+            fs::remove(path);
         }
-        out.template_bytes.resize(fs::file_size(out.template_path));
-        std::FILE* in = std::fopen(out.template_path.c_str(), "rb");
-        if (in == nullptr || std::fread(out.template_bytes.data(), 1, out.template_bytes.size(),
-                                        in) != out.template_bytes.size()) {
-            finding("setup", "cannot read the template file");
-        }
-        std::fclose(in);
         // Writes that would grow a file past 64 MiB fail with a status instead.
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{64u << 20, 64u << 20};
@@ -74,15 +94,14 @@ const Scratch& scratch() {
     return s;
 }
 
-// Fresh copy of the template, opened through the gateway.
-Array open_work_file() {
+// Fresh copy of a template, opened through the gateway.
+Array open_work_file(bool row_major) {
     const Scratch& s = scratch();
-    for (const auto& entry : fs::directory_iterator(s.dir)) {
-        if (entry.path() != s.template_path) fs::remove_all(entry.path());
-    }
+    for (const auto& entry : fs::directory_iterator(s.dir)) fs::remove_all(entry.path());
     const fs::path work = s.dir / "work.cdf";
+    const auto& bytes = s.templates[row_major ? 0 : 1];
     std::FILE* out = std::fopen(work.c_str(), "wb");
-    std::fwrite(s.template_bytes.data(), 1, s.template_bytes.size(), out);
+    std::fwrite(bytes.data(), 1, bytes.size(), out);
     std::fclose(out);
     try {
         return cdfgate::embedded::call("open", {Array::text(work.string())})[0];
@@ -357,8 +376,8 @@ void one_call(FuzzedDataProvider& in, Maker& make, const Array& id) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     CDFsetValidate(VALIDATEFILEon);
     CDFsetFileBackward(BACKWARDFILEoff);
-    const Array id = open_work_file();
     FuzzedDataProvider in(data, size);
+    const Array id = open_work_file(in.ConsumeBool());
     Maker make(in);
     for (int i = 0; i < kMaxCalls && in.remaining_bytes() > 0; ++i) one_call(in, make, id);
     // Close what the input left open and forget every handle, so that inputs do

@@ -68,10 +68,12 @@ bool attributes() {
 
 }  // namespace
 
-bool write_template_file(const std::string& path) {
+bool write_template_file(const std::string& path, bool row_major) {
     CDFid id = nullptr;
     if (!ok(CDFlib(CREATE_, CDF_, path.c_str(), 0L, nullptr, &id, NULL_))) return false;
-    const bool written = variables() && attributes();
+    const bool written =
+        ok(CDFlib(PUT_, CDF_MAJORITY_, row_major ? ROW_MAJOR : COLUMN_MAJOR, NULL_)) &&
+        variables() && attributes();
     const bool closed = ok(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_));
     return written && closed;
 }

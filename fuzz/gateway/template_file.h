@@ -6,8 +6,8 @@
 
 namespace cdfgate::fuzz {
 
-// Writes the file at path (replacing none: the path must not exist) through the C
-// interface. Returns false when any step fails.
-bool write_template_file(const std::string& path);
+// Writes the file at path (which must not exist) through the C interface, row- or
+// column-major. Returns false when any step fails.
+bool write_template_file(const std::string& path, bool row_major);
 
 }  // namespace cdfgate::fuzz

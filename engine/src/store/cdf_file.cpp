@@ -5,6 +5,7 @@
 
 #include "encoding/encodings.h"
 #include "store/file_notice.h"
+#include "time/leap_second_table.h"
 #include "store/variable_data.h"
 
 namespace cdfgate::engine::store {
@@ -38,7 +39,7 @@ Status CdfFile::create(const std::string& path, const CreateOptions& options,
         static_cast<std::int64_t>(format::serialize_cdr(cdr, cdf->layout_).size());
     cdr.gdr_offset = 8 + cdr_size;
     cdf->gdr_.r_dim_sizes = options.r_dim_sizes;
-    cdf->gdr_.leap_second_last_updated = options.backward ? -1 : kLeapSecondLastUpdated;
+    cdf->gdr_.leap_second_last_updated = options.backward ? -1 : time::leapSecondLastUpdated();
     cdf->gdr_size_ =
         static_cast<std::int64_t>(format::serialize_gdr(cdf->gdr_, cdf->layout_).size());
     cdf->space_ = SpaceMap(cdr.gdr_offset + cdf->gdr_size_, format::uir_min_size(cdf->layout_));

@@ -11,7 +11,4 @@ inline constexpr const char* kFileNotice =
     "Facility\nNASA/Goddard Space Flight Center\nGreenbelt, Maryland 20771 USA\n(Internet -- "
     "GSFC-CDF-SUPPORT@LISTS.NASA.GOV)\n";
 
-// The last entry of the leap-second table that new version 3 files record.
-inline constexpr std::int32_t kLeapSecondLastUpdated = 20170101;
-
 }  // namespace cdfgate::engine::store

@@ -156,5 +156,16 @@ TEST(Compression, VariableGzipLevelIsJudgedByTheLibrary) {
     file.close();
 }
 
+TEST(Compression, ReferenceSamplesReportTheReferencePercentages) {
+    for (const Reported& sample : reportedSamples()) {
+        SCOPED_TRACE(std::string(sample.file) + " variable " + std::to_string(sample.varNum));
+        const GatewayFile file = GatewayFile::open(sharedData(sample.file));
+        const std::vector<Array> results = compressionOf(file, sample.varNum);
+        ASSERT_EQ(results.size(), 3u);
+        EXPECT_EQ(results[2], number(sample.percent));
+        file.close();
+    }
+}
+
 }  // namespace
 }  // namespace cdfgate::testing

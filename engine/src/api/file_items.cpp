@@ -260,6 +260,7 @@ CDFstatus put_checksum(Call& call, OpenCdf& cdf) {
 CDFstatus put_file_compression(Call& call, OpenCdf& cdf) {
     format::Cpr cpr;
     CDFGATE_TRY(read_compression(call, cpr));
+    if (!cdf.file->single_file() && cpr.c_type != NO_COMPRESSION) return CANNOT_COMPRESS;
     CDFGATE_TRY(check_writable(cdf));
     cdf.file->set_file_compression(cpr);
     return CDF_OK;

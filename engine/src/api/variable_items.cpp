@@ -11,6 +11,7 @@
 #include "codec/dispatch.h"
 #include "encoding/data_types.h"
 #include "encoding/encodings.h"
+#include "store/multi_file.h"
 #include "store/variable_data.h"
 
 namespace cdfgate::engine::api {
@@ -294,6 +295,8 @@ CDFstatus put_sparse(Call& call, Current& cur) {
     if (mode != NO_SPARSERECORDS && mode != PAD_SPARSERECORDS && mode != PREV_SPARSERECORDS) {
         return UNKNOWN_SPARSENESS;
     }
+    // Every record of a multi-file CDF's variable is in its file.
+    if (!cur.cdf.file->single_file() && mode != NO_SPARSERECORDS) return CANNOT_SPARSERECORDS;
     cur.var.vdr.s_records = static_cast<std::int32_t>(mode);
     cur.cdf.file->touch();
     return CDF_OK;
@@ -665,8 +668,9 @@ CDFstatus handle_variable_item(long op, long item, Call& call) {
             return confirm_in_var(item, call, *cur);
         case DELETE_:
             return delete_var(*cur);
-        default:  // CLOSE_: variable files are never held open between calls
-            return cdf->file->single_file() ? SINGLE_FILE_FORMAT : VAR_ALREADY_CLOSED;
+        default:  // CLOSE_: a multi-file CDF's variable file, if it is open
+            if (cdf->file->single_file()) return SINGLE_FILE_FORMAT;
+            return store::close_variable_file(cur->var).code;
     }
 }
 

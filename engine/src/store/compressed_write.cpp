@@ -9,13 +9,12 @@
 
 #include "codec/dispatch.h"
 #include "codec/gzip.h"
-#include "encoding/data_types.h"
-#include "encoding/host_order.h"
 #include "format/records.h"
 #include "store/cdf_file.h"
 #include "store/compressed_block.h"
 #include "store/pad_value.h"
 #include "store/slab_plan.h"
+#include "store/stored_form.h"
 
 namespace cdfgate::engine::store {
 namespace {
@@ -63,6 +62,7 @@ struct StageWriter {
     RecordIndex& index;
     const DataShape& shape;
     std::vector<std::uint8_t> pad;
+    bool positive_zeros = false;
     Status result = kOk;
 
     std::int64_t blocking() const {
@@ -176,12 +176,7 @@ struct StageWriter {
     }
 
     void to_stored(std::uint8_t* data, std::int64_t values) const {
-        if (encoding::is_char_type(shape.data_type)) {
-            blank_after_zero(data, values, shape.value_bytes);
-            return;
-        }
-        encoding::host_to_file(data, static_cast<std::size_t>(values * shape.num_elems),
-                               shape.data_type, cdf.encoding());
+        to_stored_form(cdf, shape, data, values, positive_zeros);
     }
 
     void raise_max(std::int64_t r) {
@@ -326,7 +321,8 @@ void drop_stage(Variable& var) {
     var.index.drop_caches();
 }
 
-Status write_compressed_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in) {
+Status write_compressed_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in,
+                             bool positive_zeros) {
     DataShape shape;
     CDFGATE_TRY(data_shape(cdf, var, shape));
     std::int64_t box_values = 0;
@@ -352,7 +348,7 @@ Status write_compressed_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab,
         count = 1;
         interval = 1;
     }
-    StageWriter writer{cdf, var, index, shape, stored_pad(cdf, var)};
+    StageWriter writer{cdf, var, index, shape, stored_pad(cdf, var), positive_zeros};
     std::vector<std::uint8_t> chunk;
     for (std::int64_t k = 0; k < count;) {
         const std::int64_t r = first + k * interval;
@@ -389,7 +385,7 @@ Status write_compressed_pads(CdfFile& cdf, Variable& var, std::int64_t count) {
                                    std::numeric_limits<std::int32_t>::max()));
     }
     const std::int64_t last = shape.rec_vary ? count - 1 : 0;
-    StageWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var)};
+    StageWriter writer{cdf, var, var.index, shape, stored_pad(cdf, var), false};
     CDFGATE_TRY(writer.pad_records(0, last));
     writer.raise_max(last);
     cdf.set_data_written();

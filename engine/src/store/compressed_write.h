@@ -20,7 +20,8 @@ struct Variable;
 // the written records of a non-sparse variable are padded first, so they join
 // the blocks like written records. DID_NOT_COMPRESS when a block was stored as a
 // VVR.
-Status write_compressed_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in);
+Status write_compressed_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void* in,
+                             bool positive_zeros);
 
 // Records 0..count-1 of a compressed variable written with the pad value.
 Status write_compressed_pads(CdfFile& cdf, Variable& var, std::int64_t count);

@@ -9,6 +9,7 @@
 #include "store/cdf_file.h"
 #include "store/compressed_block.h"
 #include "store/data_access.h"
+#include "store/multi_file.h"
 #include "store/pad_value.h"
 #include "store/slab_plan.h"
 
@@ -164,7 +165,7 @@ Status read_slab(const CdfFile& cdf, Variable& var, const Hyperslab& slab, void*
         (std::numeric_limits<std::int64_t>::max() - slab.rec_start) / slab.rec_interval) {
         return BAD_REC_COUNT;
     }
-    if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
+    if (!cdf.single_file()) return read_multi_file_slab(cdf, var, slab, out_ptr);
     const SlabPlan plan(shape, slab);
     CDFGATE_TRY(index.load(cdf, var, shape.record_bytes));
     std::vector<std::uint8_t> pad;  // made when a record needs it

@@ -11,6 +11,7 @@
 #include "store/cdf_file.h"
 #include "store/compressed_write.h"
 #include "store/data_access.h"
+#include "store/multi_file.h"
 #include "store/pad_value.h"
 #include "store/slab_plan.h"
 
@@ -222,9 +223,9 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
         (std::numeric_limits<std::int32_t>::max() - slab.rec_start) / slab.rec_interval) {
         return BAD_REC_NUM;
     }
-    if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
-    if (var.compressed()) return write_compressed_slab(cdf, var, slab, in);
+    if (!cdf.single_file()) return write_multi_file_slab(cdf, var, slab, in, positive_zeros);
+    if (var.compressed()) return write_compressed_slab(cdf, var, slab, in, positive_zeros);
     const SlabPlan plan(shape, slab);
     CDFGATE_TRY(index.load(cdf, var, shape.record_bytes));
     index.drop_caches();
@@ -293,8 +294,8 @@ Status write_initial_records(CdfFile& cdf, Variable& var, std::int64_t count) {
     CDFGATE_TRY(data_shape(cdf, var, shape));
     if (count < 1) return BAD_INITIAL_RECS;
     if (var.vdr.max_rec >= 0) return CANNOT_CHANGE;
-    if (!cdf.single_file()) return UNSUPPORTED_OPERATION;
     if (!cdf.file().writable()) return NO_WRITE_ACCESS;
+    if (!cdf.single_file()) return write_multi_file_pads(cdf, var, count);
     if (var.compressed()) return write_compressed_pads(cdf, var, count);
     CDFGATE_TRY(var.index.load(cdf, var, shape.record_bytes));
     var.index.drop_caches();

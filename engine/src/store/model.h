@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "format/records.h"
+#include "io/file.h"
 #include "store/compressed_stage.h"
 #include "store/record_index.h"
 
@@ -54,6 +55,8 @@ struct Variable {
     RecordIndex index;
     // The block of a compressed variable being written (compressed_write.h).
     CompressedStage stage;
+    // A multi-file CDF's file of this variable's values, once opened (multi_file.h).
+    io::File values_file;
 
     bool z() const { return vdr.z; }
     bool rec_vary() const { return (vdr.flags & format::kVdrRecVary) != 0; }

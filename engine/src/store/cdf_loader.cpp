@@ -2,6 +2,7 @@
 // from the file and is checked before use; lists are walked with a visit limit.
 #include <set>
 
+#include "codec/dispatch.h"
 #include "encoding/data_types.h"
 #include "encoding/encodings.h"
 #include "store/cdf_file.h"
@@ -27,6 +28,12 @@ Status walk_list(const CdfFile& cdf, std::int64_t head, Visit&& visit) {
         offset = next;
     }
     return kOk;
+}
+
+// A known method with a parameter valid for it.
+bool usable_compression(const format::Cpr& cpr) {
+    const auto method = codec::method_of_type(cpr.c_type);
+    return method && !cpr.parms.empty() && codec::valid_parameter(*method, cpr.parms[0]);
 }
 
 }  // namespace
@@ -92,6 +99,7 @@ Status CdfFile::load(bool validate) {
                     CDFGATE_TRY(read_record(var.vdr.cpr_offset, cpr_bytes));
                     format::Cpr cpr;
                     if (!format::parse_cpr(cpr_bytes, layout_, cpr)) return corrupted;
+                    if (validate && !usable_compression(cpr)) return corrupted;
                     var.cpr = cpr;
                     var.cpr_at = {var.vdr.cpr_offset, static_cast<std::int64_t>(cpr_bytes.size())};
                 }

@@ -57,7 +57,9 @@ Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& bl
     }
     if (expected > c_size * kMaxExpansion + 1024) return cdf.corrupted_status();
     const auto method = var.cpr ? codec::method_of_type(var.cpr->c_type) : std::nullopt;
-    if (!method) return UNKNOWN_COMPRESSION;
+    if (!method || var.cpr->parms.empty() || !codec::valid_parameter(*method, var.cpr->parms[0])) {
+        return UNKNOWN_COMPRESSION;
+    }
 
     std::vector<std::uint8_t> payload(static_cast<std::size_t>(c_size));
     CDFGATE_TRY(cdf.file().read(static_cast<std::uint64_t>(block.offset + fixed), payload));

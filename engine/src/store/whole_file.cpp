@@ -69,7 +69,7 @@ Status expand_whole_file(const CdfFile& cdf, io::File& file, format::Cpr& cpr, l
     CDFGATE_TRY(cdf.read_record(ccr.cpr_offset, cpr_bytes));
     if (!format::parse_cpr(cpr_bytes, layout, cpr) || cpr.parms.empty()) return corrupted;
     const auto method = codec::method_of_type(cpr.c_type);
-    if (!method) return UNKNOWN_COMPRESSION;
+    if (!method || !codec::valid_parameter(*method, cpr.parms[0])) return UNKNOWN_COMPRESSION;
     const std::span<const std::uint8_t> data =
         std::span<const std::uint8_t>(ccr_bytes).subspan(ccr.data_start);
     const auto in_size = static_cast<std::int64_t>(data.size());

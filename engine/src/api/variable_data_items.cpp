@@ -1,13 +1,13 @@
 // Items that move variable values: zVAR_DATA_ and zVAR_HYPERDATA_ (GET_, PUT_)
 // through the current variable's record and dimension selections, and the record
 // allocation items zVAR_INITIALRECS_, zVAR_ALLOCATERECS_ and zVAR_ALLOCATEBLOCK_.
-// Deleting records (DELETE_ zVAR_RECORDS_) is not served yet and stays an
-// unknown item (BAD_FNC_OR_ITEM), never a success.
+// DELETE_ zVAR_RECORDS_ removes a range of records.
 #include "api/call.h"
 #include "api/view.h"
 #include "encoding/data_types.h"
 #include "encoding/encodings.h"
 #include "store/data_access.h"
+#include "store/record_deletion.h"
 
 namespace cdfgate::engine::api {
 namespace {
@@ -100,9 +100,20 @@ CDFstatus put_allocation(Call& call, long first, long last) {
     return store::allocate_records(*t.cdf->file, variable(*t.cdf, t.ref), first, last).code;
 }
 
+CDFstatus delete_records(Call& call) {
+    const long first = call.args.next_long();
+    const long last = call.args.next_long();
+    Target t;
+    CDFGATE_TRY(current_target(call, t));
+    if (first < 0 || last < first) return BAD_REC_NUM;
+    CDFGATE_TRY(check_writable(*t.cdf));
+    return store::delete_records(*t.cdf->file, variable(*t.cdf, t.ref), first, last).code;
+}
+
 }  // namespace
 
 CDFstatus handle_variable_data_item(long op, long item, Call& call) {
+    if (op == DELETE_ && item == zVAR_RECORDS_) return delete_records(call);
     if (op == GET_) {
         if (item == zVAR_DATA_) return get_data(call, true);
         if (item == zVAR_HYPERDATA_) return get_data(call, false);

@@ -190,47 +190,82 @@ struct StageWriter {
     }
 };
 
-// Places a freshly compressed block into the file: a new record, or the stored
-// record it came from (in place when it fits, else resized or moved).
-struct BlockStore {
-    CdfFile& cdf;
-    Variable& var;
-    RecordIndex& index;
+}  // namespace
 
-    Status write(std::int64_t offset, std::int64_t size, std::int32_t type, std::int64_t c_size,
-                 std::vector<std::uint8_t>& packed, const std::vector<std::uint8_t>& raw) {
-        const format::Layout layout = cdf.layout();
-        std::vector<std::uint8_t> head;
-        format::ByteWriter w(head, layout);
-        w.offset(size);
-        w.i32(type);
-        if (type == format::kVvr) {
-            CDFGATE_TRY(cdf.file().write(static_cast<std::uint64_t>(offset), head));
-            return cdf.file().write(static_cast<std::uint64_t>(offset) + head.size(), raw);
-        }
-        w.i32(0);
-        w.offset(c_size);
-        std::copy(head.begin(), head.end(), packed.begin());
-        return cdf.file().write(static_cast<std::uint64_t>(offset), packed);
-    }
-};
-
-Status compress_stage(CompressedStage& st, const format::Cpr& cpr, std::int64_t fixed,
-                      std::vector<std::uint8_t>& packed) {
-    const auto method = codec::method_of_type(cpr.c_type);
+Status pack_block(Variable& var, format::Layout layout, std::span<const std::uint8_t> raw,
+                  PackedBlock& out) {
+    if (!var.cpr) return CDF_INTERNAL_ERROR;
+    const auto method = codec::method_of_type(var.cpr->c_type);
     if (!method) return UNKNOWN_COMPRESSION;
-    const int parm = cpr.parms.empty() ? 0 : cpr.parms[0];
-    packed.assign(static_cast<std::size_t>(fixed), 0);
+    const int parm = var.cpr->parms.empty() ? 0 : var.cpr->parms[0];
+    const std::int64_t fixed = cvvr_fixed(layout);
+    out.packed.assign(static_cast<std::size_t>(fixed), 0);
     if (*method == codec::Method::Gzip) {
+        CompressedStage& st = var.stage;
         if (!st.gzip || st.gzip->level() != parm) {
             st.gzip = std::make_shared<codec::GzipCompressor>(parm);
         }
-        return encode_status(st.gzip->compress(st.bytes, packed), *method);
+        CDFGATE_TRY(encode_status(st.gzip->compress(raw, out.packed), *method));
+    } else {
+        CDFGATE_TRY(encode_status(codec::encode(*method, parm, raw, out.packed), *method));
     }
-    return encode_status(codec::encode(*method, parm, st.bytes, packed), *method);
+    out.c_size = static_cast<std::int64_t>(out.packed.size()) - fixed;
+    out.raw = static_cast<std::int64_t>(raw.size());
+    return kOk;
 }
 
-}  // namespace
+StoredRecord new_block_form(const PackedBlock& block, format::Layout layout,
+                            std::int64_t reserve_percent) {
+    const std::int64_t fixed = cvvr_fixed(layout);
+    const auto header = static_cast<std::int64_t>(layout.header_size());
+    const std::int64_t slack = reserve_slack(reserve_percent, block.raw, block.c_size);
+    if (fixed + block.c_size + slack < header + block.raw) {
+        return StoredRecord{0, fixed + block.c_size + slack, format::kCvvr};
+    }
+    return StoredRecord{0, header + block.raw, format::kVvr};
+}
+
+StoredRecord rewrite_form(CdfFile& cdf, const PackedBlock& block, const StoredRecord& old) {
+    const format::Layout layout = cdf.layout();
+    const std::int64_t fixed = cvvr_fixed(layout);
+    const auto header = static_cast<std::int64_t>(layout.header_size());
+    StoredRecord at = old;
+    if (fixed + block.c_size <= old.size) {
+        at.type = format::kCvvr;
+    } else if (header + block.raw <= old.size) {
+        at.type = format::kVvr;
+    } else {
+        // Neither form fits: the smaller one, grown in place at the end of the file
+        // or moved elsewhere (the old place becomes free space).
+        at.type = fixed + block.c_size < header + block.raw ? format::kCvvr : format::kVvr;
+        at.size = at.type == format::kCvvr ? fixed + block.c_size : header + block.raw;
+        if (!cdf.space().extend_at_end(old.offset, old.size, at.size)) {
+            at.offset = cdf.space().allocate(at.size);
+            cdf.space().release(old.offset, old.size);
+        }
+    }
+    return at;
+}
+
+Status write_block(CdfFile& cdf, const StoredRecord& at, PackedBlock& block,
+                   std::span<const std::uint8_t> raw) {
+    const format::Layout layout = cdf.layout();
+    std::vector<std::uint8_t> head;
+    format::ByteWriter w(head, layout);
+    w.offset(at.size);
+    w.i32(at.type);
+    if (at.type == format::kVvr) {
+        CDFGATE_TRY(cdf.file().write(static_cast<std::uint64_t>(at.offset), head));
+        CDFGATE_TRY(cdf.file().write(static_cast<std::uint64_t>(at.offset) + head.size(), raw));
+    } else {
+        w.i32(0);
+        w.offset(block.c_size);
+        std::copy(head.begin(), head.end(), block.packed.begin());
+        CDFGATE_TRY(cdf.file().write(static_cast<std::uint64_t>(at.offset), block.packed));
+    }
+    cdf.touch();
+    return at.type == format::kVvr ? Status{DID_NOT_COMPRESS} : kOk;
+}
 
 std::int64_t default_compressed_blocking(std::int64_t record_bytes, bool rec_vary) {
     if (!rec_vary || record_bytes < 1) return 1;
@@ -240,59 +275,32 @@ std::int64_t default_compressed_blocking(std::int64_t record_bytes, bool rec_var
 Status flush_stage(CdfFile& cdf, Variable& var) {
     CompressedStage& st = var.stage;
     if (!st.active) return kOk;
-    if (!var.cpr) return CDF_INTERNAL_ERROR;
     const format::Layout layout = cdf.layout();
-    const std::int64_t fixed = cvvr_fixed(layout);
-    const auto header = static_cast<std::int64_t>(layout.header_size());
-    std::vector<std::uint8_t> packed;
-    CDFGATE_TRY(compress_stage(st, *var.cpr, fixed, packed));
-    const auto raw = static_cast<std::int64_t>(st.bytes.size());
-    const auto c_size = static_cast<std::int64_t>(packed.size()) - fixed;
+    PackedBlock block;
+    CDFGATE_TRY(pack_block(var, layout, st.bytes, block));
     RecordIndex& index = var.index;
-    const std::int64_t last = st.first + st.count - 1;
-
-    std::int64_t offset = 0, size = 0;
-    std::int32_t type = format::kVvr;
+    StoredRecord at;
     if (!st.stored) {
-        const std::int64_t slack = reserve_slack(var.reserve_percent, raw, c_size);
-        if (fixed + c_size + slack < header + raw) {
-            type = format::kCvvr;
-            size = fixed + c_size + slack;
-        } else {
-            size = header + raw;
-        }
+        at = new_block_form(block, layout, var.reserve_percent);
         index.unstage_block(st.first);
-        CDFGATE_TRY(index.place_record(cdf, var, st.first, last, size, type, offset));
+        CDFGATE_TRY(index.place_record(cdf, var, st.first, st.first + st.count - 1, at.size,
+                                       at.type, at.offset));
     } else {
         const std::size_t i = index.lower_bound(st.first);
         if (i >= index.blocks().size() || index.blocks()[i].first != st.first) {
             return CDF_INTERNAL_ERROR;
         }
-        offset = st.offset;
-        size = st.size;
-        if (fixed + c_size <= st.size) {
-            type = format::kCvvr;
-        } else if (header + raw > st.size) {
-            // Neither form fits: the smaller one, grown in place at the end of the
-            // file or moved elsewhere.
-            type = fixed + c_size < header + raw ? format::kCvvr : format::kVvr;
-            size = type == format::kCvvr ? fixed + c_size : header + raw;
-            if (!cdf.space().extend_at_end(st.offset, st.size, size)) {
-                offset = cdf.space().allocate(size);
-                cdf.space().release(st.offset, st.size);
-            }
-        }
-        CDFGATE_TRY(index.move_record(cdf, i, offset, size, type));
+        at = rewrite_form(cdf, block, StoredRecord{st.offset, st.size, st.type});
+        CDFGATE_TRY(index.move_record(cdf, i, at.offset, at.size, at.type));
     }
-    BlockStore store{cdf, var, index};
-    CDFGATE_TRY(store.write(offset, size, type, c_size, packed, st.bytes));
+    const Status written = write_block(cdf, at, block, st.bytes);
+    CDFGATE_TRY(written);
     index.drop_caches();
     st.active = false;
     st.stored = false;
     st.count = 0;
     st.bytes.clear();
-    cdf.touch();
-    return type == format::kVvr ? Status{DID_NOT_COMPRESS} : kOk;
+    return written;
 }
 
 Status flush_stages(CdfFile& cdf) {

@@ -7,7 +7,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
+#include "format/layout.h"
 #include "io/status.h"
 #include "store/data_shape.h"
 
@@ -34,6 +37,32 @@ Status flush_stages(CdfFile& cdf);
 
 // Forgets the staged block of var without storing it (the variable is deleted).
 void drop_stage(Variable& var);
+
+// The pieces of storing one block, for callers that place blocks themselves
+// (deleting records).
+struct PackedBlock {
+    std::vector<std::uint8_t> packed;  // room for the CVVR's head, then the payload
+    std::int64_t c_size = 0;           // payload bytes
+    std::int64_t raw = 0;              // bytes of the block's records
+};
+struct StoredRecord {
+    std::int64_t offset = 0;
+    std::int64_t size = 0;  // RecordSize
+    std::int32_t type = 0;  // VVR or CVVR
+};
+// Compresses the records raw with the variable's method.
+Status pack_block(Variable& var, format::Layout layout, std::span<const std::uint8_t> raw,
+                  PackedBlock& out);
+// The record a new block takes: a CVVR with the reserve room when it is smaller
+// than the VVR, else the VVR (offset left 0 for the caller to place).
+StoredRecord new_block_form(const PackedBlock& block, format::Layout layout,
+                            std::int64_t reserve_percent);
+// Where a block rewritten over old goes: in place when a CVVR, or else a VVR, fits;
+// otherwise the smaller form, grown at the end of the file or moved (old freed).
+StoredRecord rewrite_form(CdfFile& cdf, const PackedBlock& block, const StoredRecord& old);
+// Writes the block at `at` in its form; DID_NOT_COMPRESS for a VVR.
+Status write_block(CdfFile& cdf, const StoredRecord& at, PackedBlock& block,
+                   std::span<const std::uint8_t> raw);
 
 // The blocking factor of a compressed variable when none is set: 64 KiB worth of
 // records, at least one; one for a non-record-variant variable.

@@ -4,6 +4,16 @@
 #include "store/record_index.h"
 
 namespace cdfgate::engine::store {
+namespace {
+
+constexpr std::int32_t kLeafSlots = 7;
+
+std::int64_t vxr_bytes(std::int32_t n_entries, format::Layout layout) {
+    return static_cast<std::int64_t>((layout.v3 ? 28 : 20) + static_cast<std::size_t>(n_entries) *
+                                                                 (8 + layout.offset_size()));
+}
+
+}  // namespace
 
 void RecordIndex::stage_block(std::int64_t first, std::int64_t last) {
     const std::size_t i = lower_bound(first);
@@ -61,6 +71,43 @@ Status RecordIndex::move_record(CdfFile& cdf, std::size_t i, std::int64_t offset
     block.offset = offset;
     block.size = size;
     block.type = type;
+    return kOk;
+}
+
+Status RecordIndex::rebuild(CdfFile& cdf, Variable& var, std::vector<Block> blocks) {
+    for (const IndexNode& node : nodes_) {
+        cdf.space().release(node.offset, vxr_bytes(node.n_entries, cdf.layout()));
+    }
+    nodes_.clear();
+    top_.clear();
+    blocks_ = std::move(blocks);
+    drop_caches();
+    var.vdr.vxr_head = 0;
+    var.vdr.vxr_tail = 0;
+    cdf.touch();
+    if (blocks_.empty()) return kOk;
+    std::vector<std::size_t> leaves;
+    for (std::size_t i = 0; i < blocks_.size(); i += kLeafSlots) {
+        const std::size_t leaf = new_node(cdf, kLeafSlots);
+        for (std::size_t j = i; j < blocks_.size() && j < i + kLeafSlots; ++j) {
+            nodes_[leaf].slots.push_back(
+                NodeSlot{blocks_[j].first, blocks_[j].last, blocks_[j].offset, {}});
+        }
+        leaves.push_back(leaf);
+    }
+    for (std::size_t m = 0; m < leaves.size(); ++m) {
+        nodes_[leaves[m]].next = m + 1 < leaves.size() ? nodes_[leaves[m + 1]].offset : 0;
+        CDFGATE_TRY(write_node(cdf, leaves[m]));
+    }
+    // Index levels over the chain as growth makes them: three slots, chained.
+    top_ = leaves;
+    while (top_.size() >= 3) {
+        std::vector<std::size_t> upper;
+        CDFGATE_TRY(group(cdf, top_, upper));
+        top_ = std::move(upper);
+    }
+    var.vdr.vxr_head = nodes_[top_.front()].offset;
+    var.vdr.vxr_tail = nodes_[leaves.back()].offset;
     return kOk;
 }
 

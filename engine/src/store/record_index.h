@@ -119,6 +119,10 @@ class RecordIndex {
     Status move_record(CdfFile& cdf, std::size_t i, std::int64_t offset, std::int64_t size,
                        std::int32_t type);
 
+    // Replaces every block (in record order, records already in place) and builds
+    // a new VXR tree over them; the old VXRs become free space.
+    Status rebuild(CdfFile& cdf, Variable& var, std::vector<Block> blocks);
+
     BlockCache& cache() { return cache_; }
     ReadWindow& window() { return window_; }
     // Forgets the bytes read ahead or inflated (after the variable's data change).

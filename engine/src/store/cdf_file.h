@@ -105,6 +105,9 @@ class CdfFile {
 
     Status load(bool validate);
     Status validate_tiling() const;
+    // A record reaching past the end of the file: allowed for a last CVVR whose
+    // payload is there (its unused room need not be).
+    Status check_short_end(std::int64_t offset, const format::RecordHeader& h) const;
     Status save();
     Status write_record(std::int64_t offset, const std::vector<std::uint8_t>& bytes);
     void place(Placement& at, std::int64_t size);

@@ -68,7 +68,9 @@ Status CdfFile::load(bool validate) {
     CDFGATE_TRY(read_record(cdr_.gdr_offset, bytes));
     if (!format::parse_gdr(bytes, layout_, gdr_)) return corrupted;
     gdr_size_ = static_cast<std::int64_t>(bytes.size());
-    if (gdr_.eof < 8 || gdr_.eof > static_cast<std::int64_t>(file_.size())) return CDF_READ_ERROR;
+    // The file may end before eof inside the unused room of its last CVVR (the
+    // reference library does not write that room); validation checks that.
+    if (gdr_.eof < 8) return CDF_READ_ERROR;
     for (const std::int32_t size : gdr_.r_dim_sizes) {
         if (size < 1) return corrupted;
     }
@@ -163,11 +165,28 @@ Status CdfFile::load(bool validate) {
     return kOk;
 }
 
+Status CdfFile::check_short_end(std::int64_t offset, const format::RecordHeader& h) const {
+    // Only the last record, a CVVR whose payload is all there.
+    const auto file_size = static_cast<std::int64_t>(file_.size());
+    const auto fixed = static_cast<std::int64_t>(layout_.header_size() + 4 + layout_.offset_size());
+    if (h.type != format::kCvvr || offset + h.size != gdr_.eof || fixed > file_size - offset) {
+        return CDF_READ_ERROR;
+    }
+    std::vector<std::uint8_t> head(static_cast<std::size_t>(fixed));
+    CDFGATE_TRY(file_.read(static_cast<std::uint64_t>(offset), head));
+    format::ByteReader r(head, layout_);
+    r.skip(layout_.header_size() + 4);
+    const std::int64_t c_size = r.offset();
+    if (r.failed() || c_size < 0 || c_size > file_size - offset - fixed) return CDF_READ_ERROR;
+    return kOk;
+}
+
 Status CdfFile::validate_tiling() const {
     const Status corrupted = corrupted_status();
     std::int64_t offset = 8;
     std::size_t adrs = 0, rvdrs = 0, zvdrs = 0;
     const auto header = static_cast<std::int64_t>(layout_.header_size());
+    const auto file_size = static_cast<std::int64_t>(file_.size());
     std::vector<std::uint8_t> head(static_cast<std::size_t>(header));
     while (offset < gdr_.eof) {
         if (offset > gdr_.eof - header) return corrupted;
@@ -175,6 +194,7 @@ Status CdfFile::validate_tiling() const {
         format::RecordHeader h;
         if (!format::parse_header(head, layout_, h)) return corrupted;
         if (h.size < header || h.size > gdr_.eof - offset) return corrupted;
+        if (h.size > file_size - offset) CDFGATE_TRY(check_short_end(offset, h));
         switch (h.type) {
             case format::kAdr:
                 ++adrs;

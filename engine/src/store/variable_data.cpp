@@ -44,7 +44,9 @@ struct Walker {
         if (!format::parse_header(head, cdf.layout(), h)) return cdf.corrupted_status();
         if (h.type == format::kVxr) return chain(target, depth + 1);
         if (h.type != format::kVvr && h.type != format::kCvvr) return cdf.corrupted_status();
-        if (h.size < static_cast<std::int64_t>(head.size()) || h.size > file_size - target) {
+        // A CVVR may end past the end of the file inside its unused room.
+        if (h.size < static_cast<std::int64_t>(head.size()) ||
+            (h.type == format::kVvr && h.size > file_size - target)) {
             return CDF_READ_ERROR;
         }
         return visit(IndexSlot{first, last, target, h.type, h.size});

@@ -26,29 +26,19 @@ void patchField(const std::string& path, std::streamoff offset, std::uint32_t va
 // Opens with file validation off, so that the value reaches the gateway rather than
 // being refused when the file is opened.
 GatewayFile openUnvalidated(const std::string& path) {
-    const int validate = CDFgetValidate();
-    CDFsetValidate(VALIDATEFILEoff);
-    GatewayFile file = GatewayFile::open(path);
-    CDFsetValidate(validate != 0 ? VALIDATEFILEon : VALIDATEFILEoff);
-    return file;
+    struct ValidationOff {
+        int previous = CDFgetValidate();
+        ValidationOff() { CDFsetValidate(VALIDATEFILEoff); }
+        ~ValidationOff() { CDFsetValidate(previous != 0 ? VALIDATEFILEon : VALIDATEFILEoff); }
+    } const validationOff;
+    return GatewayFile::open(path);
 }
 
 constexpr std::streamoff kFirstCpr = 0x8b2;
 constexpr std::streamoff kCprType = 12;
 constexpr std::streamoff kCprFirstParameter = 24;
 
-// Validation refuses such files on open (as the reference library does); these
-// tests read them with it off, as a user must, and turn it back on afterwards.
-class ValidationOff {
-  public:
-    ValidationOff() { CDFsetValidate(VALIDATEFILEoff); }
-    ~ValidationOff() { CDFsetValidate(VALIDATEFILEon); }
-    ValidationOff(const ValidationOff&) = delete;
-    ValidationOff& operator=(const ValidationOff&) = delete;
-};
-
 TEST(DamagedValues, UnexpectedVariableParameterIsShownAsANumberWithAWarning) {
-    const ValidationOff validation_off;
     const struct {
         const char* file;
         const char* type;
@@ -79,7 +69,6 @@ TEST(DamagedValues, UnexpectedVariableParameterIsShownAsANumberWithAWarning) {
 }
 
 TEST(DamagedValues, UnknownCompressionTypeIsRefusedByName) {
-    const ValidationOff validation_off;
     const ScratchDirectory scratch;
     const std::string path = copyShared(scratch, {"compression/var_gzip6.cdf"});
     patchField(path, kFirstCpr + kCprType, 4);

@@ -159,5 +159,14 @@ TEST(VariableHousekeeping, VariableCacheSizeOfAMultiFileCdfCanBeChanged) {
     multi.close();
 }
 
+TEST(VariableHousekeeping, DeletingARangeOfRecords) {
+    const ScratchDirectory scratch;
+    const GatewayFile file = GatewayFile::open(copyShared(scratch, {"format/sparse_records.cdf"}));
+    // "N" holds records 0 to 10; deleting 5 to 10 leaves 0 to 4.
+    call("deleteVarRecords", {file.id(), number(2), number(5), number(10)}, 0);
+    EXPECT_EQ(count("getVarMaxWrittenRecNum", file, 2), 4);
+    file.close();
+}
+
 }  // namespace
 }  // namespace cdfgate::testing

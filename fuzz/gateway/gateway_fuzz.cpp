@@ -317,13 +317,15 @@ bool sizes_request(const std::string& name) {
     return false;
 }
 
-// Product of the magnitudes of every finite number passed (at least 1 each).
+// Product of the magnitudes of the numbers passed that a file could hold as sizes
+// (at least 1 each). Larger numbers must be refused, so they stay in play.
 double request_size(std::span<const Array> inputs) {
     double product = 1;
     for (const Array& a : inputs.subspan(1)) {
         if (a.classId() != hvDOUBLE_CLASS) continue;
         for (const double x : a.data<double>()) {
-            if (std::isfinite(x) && std::fabs(x) > 1) product *= std::fabs(x);
+            const double m = std::fabs(x);
+            if (std::isfinite(x) && m > 1 && m <= 2147483647.0) product *= m;
         }
     }
     return product;

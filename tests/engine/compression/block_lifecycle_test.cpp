@@ -278,3 +278,81 @@ TEST_F(BlockLifecycle, NonRecordVariantVariableKeepsOneRecordBlock) {
 }
 
 }  // namespace
+
+namespace {
+
+using cdfgate::test::CompressionTest;
+
+// Settings around compression, one row per call, on fresh variables of a new CDF.
+TEST_F(CompressionTest, SettingsAroundCompressionGiveTheReferenceStatuses) {
+    CDFid id = nullptr;
+    ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("s").c_str()), &id), CDF_OK);
+    long gzip[] = {6}, zero[] = {0};
+    long value = -9;
+
+    // A blocking factor below 64 KiB worth of records, set before compression.
+    zvar("a", CDF_INT4, 1, {});
+    ASSERT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 10L, NULL_), CDF_OK);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, gzip, NULL_),
+              BLOCKINGFACTOR_TOO_SMALL);
+    ASSERT_EQ(CDFlib(GET_, zVAR_BLOCKINGFACTOR_, &value, NULL_), CDF_OK);
+    EXPECT_EQ(value, 10);
+
+    // Reserve percentages: only for compressed variables; reset by a new compression.
+    zvar("b", CDF_INT4, 1, {});
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, 20L, NULL_), NA_FOR_VARIABLE);
+    value = -9;
+    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_RESERVEPERCENT_, &value, NULL_), NA_FOR_VARIABLE);
+    EXPECT_EQ(value, 0);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, RLE_COMPRESSION, zero, NULL_), CDF_OK);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, -1L, NULL_), BAD_COMPRESSION_PARM);
+    EXPECT_EQ(
+        CDFlib(SELECT_, zVAR_RESERVEPERCENT_, 150L, CONFIRM_, zVAR_RESERVEPERCENT_, &value, NULL_),
+        CDF_OK);
+    EXPECT_EQ(value, 150);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, HUFF_COMPRESSION, zero, CONFIRM_,
+                     zVAR_RESERVEPERCENT_, &value, NULL_),
+              CDF_OK);
+    EXPECT_EQ(value, 0);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, 0L, 9L, NULL_), CANNOT_ALLOCATE_RECORDS);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATERECS_, 5L, NULL_), CANNOT_ALLOCATE_RECORDS);
+
+    // Turning compression off again before any record.
+    long type = -9, parms[CDF_MAX_PARMS] = {-9}, pct = -9;
+    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, NO_COMPRESSION, zero, GET_, zVAR_COMPRESSION_, &type,
+                     parms, &pct, NULL_),
+              CDF_OK);
+    EXPECT_EQ(type, NO_COMPRESSION);
+    EXPECT_EQ(parms[0], -9);
+    EXPECT_EQ(pct, 100);
+
+    // A non-record-variant variable takes blocking factor 1 whatever is asked.
+    zvar("c", CDF_INT4, 1, {}, NOVARY);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, gzip, NULL_), CDF_OK);
+    EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 8L, NULL_), FORCED_PARAMETER);
+    ASSERT_EQ(CDFlib(GET_, zVAR_BLOCKINGFACTOR_, &value, NULL_), CDF_OK);
+    EXPECT_EQ(value, 1);
+    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+}
+
+// Variables compressed inside a whole-file compressed CDF.
+TEST_F(CompressionTest, CompressedVariablesInsideACompressedFile) {
+    SampleOptions o;
+    o.var_type = AHUFF_COMPRESSION;
+    o.file_type = GZIP_COMPRESSION;
+    o.file_parm = 9;
+    ASSERT_EQ(write_sample("both", o), CDF_OK);
+    CDFid id = nullptr;
+    ASSERT_EQ(CDFlib(OPEN_, CDF_, path("both").c_str(), &id, NULL_), CDF_OK);
+    long type = -9, parms[CDF_MAX_PARMS] = {}, pct = -9;
+    ASSERT_EQ(CDFlib(GET_, CDF_COMPRESSION_, &type, parms, &pct, NULL_), CDF_OK);
+    EXPECT_EQ(type, GZIP_COMPRESSION);
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 1L, GET_, zVAR_COMPRESSION_, &type, parms, &pct, NULL_),
+              CDF_OK);
+    EXPECT_EQ(type, AHUFF_COMPRESSION);
+    EXPECT_EQ(pct, 50);  // as in var_ahuff.cdf
+    expect_sample_values();
+    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+}
+
+}  // namespace

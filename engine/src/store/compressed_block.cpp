@@ -1,5 +1,7 @@
 #include "store/compressed_block.h"
 
+#include <algorithm>
+
 #include "codec/dispatch.h"
 #include "format/records.h"
 #include "store/cdf_file.h"
@@ -42,33 +44,37 @@ Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& bl
         out = cache.bytes;
         return kOk;
     }
+    cache.offset = 0;
+    cache.bytes.resize(static_cast<std::size_t>(expected));  // every byte is decoded into
+    CDFGATE_TRY(decode_block(cdf, var, block, cache.payload, cache.bytes));
+    cache.offset = block.offset;
+    out = cache.bytes;
+    return kOk;
+}
+
+Status decode_block(const CdfFile& cdf, const Variable& var, const Block& block,
+                    std::vector<std::uint8_t>& record, std::span<std::uint8_t> out) {
     const format::Layout layout = cdf.layout();
     const auto fixed = static_cast<std::int64_t>(layout.header_size() + 4 + layout.offset_size());
-    if (block.size < fixed) return cdf.corrupted_status();
-    std::vector<std::uint8_t> head(static_cast<std::size_t>(fixed));
-    CDFGATE_TRY(cdf.file().read(static_cast<std::uint64_t>(block.offset), head));
-    format::ByteReader r(head, layout);
+    const auto file_size = static_cast<std::int64_t>(cdf.file().size());
+    if (block.size < fixed || block.offset > file_size - fixed) return cdf.corrupted_status();
+    // The whole record in one read; its unused room may lie past the end of the file.
+    const std::int64_t size = std::min(block.size, file_size - block.offset);
+    record.resize(static_cast<std::size_t>(size));
+    CDFGATE_TRY(cdf.file().read(static_cast<std::uint64_t>(block.offset), record));
+    format::ByteReader r(record, layout);
     r.skip(layout.header_size() + 4);
     const std::int64_t c_size = r.offset();
-    const auto file_size = static_cast<std::int64_t>(cdf.file().size());
-    if (r.failed() || c_size < 0 || c_size > block.size - fixed ||
-        c_size > file_size - block.offset - fixed) {
-        return cdf.corrupted_status();
-    }
+    if (r.failed() || c_size < 0 || c_size > size - fixed) return cdf.corrupted_status();
+    const auto expected = static_cast<std::int64_t>(out.size());
     if (expected > c_size * kMaxExpansion + 1024) return cdf.corrupted_status();
     const auto method = var.cpr ? codec::method_of_type(var.cpr->c_type) : std::nullopt;
     if (!method || var.cpr->parms.empty() || !codec::valid_parameter(*method, var.cpr->parms[0])) {
         return UNKNOWN_COMPRESSION;
     }
-
-    std::vector<std::uint8_t> payload(static_cast<std::size_t>(c_size));
-    CDFGATE_TRY(cdf.file().read(static_cast<std::uint64_t>(block.offset + fixed), payload));
-    cache.offset = 0;
-    cache.bytes.resize(static_cast<std::size_t>(expected));  // every byte is decoded into
-    CDFGATE_TRY(status_of(codec::decode(*method, payload, cache.bytes), *method));
-    cache.offset = block.offset;
-    out = cache.bytes;
-    return kOk;
+    const std::span<const std::uint8_t> payload(record.data() + fixed,
+                                                static_cast<std::size_t>(c_size));
+    return status_of(codec::decode(*method, payload, out), *method);
 }
 
 }  // namespace cdfgate::engine::store

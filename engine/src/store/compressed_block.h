@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "io/status.h"
 #include "store/record_index.h"
@@ -18,5 +19,10 @@ struct Variable;
 Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& block,
                         std::int64_t record_bytes, BlockCache& cache,
                         std::span<const std::uint8_t>& out);
+
+// Reads the CVVR of block (its record into `record`, kept for reuse) and decodes
+// exactly out.size() bytes of its records into out.
+Status decode_block(const CdfFile& cdf, const Variable& var, const Block& block,
+                    std::vector<std::uint8_t>& record, std::span<std::uint8_t> out);
 
 }  // namespace cdfgate::engine::store

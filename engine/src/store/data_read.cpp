@@ -119,6 +119,12 @@ struct SlabReader {
         const Block& block = *src.block;
         const std::int64_t box = plan.box_bytes();
         const std::int64_t step = slab.rec_interval * shape.record_bytes;
+        if (block.type == format::kCvvr && plan.whole_record() && slab.rec_interval == 1 &&
+            src.record == block.first && n == block.count()) {
+            // The whole block goes straight into the caller's buffer.
+            return decode_block(cdf, var, block, index.cache().payload,
+                                {out, static_cast<std::size_t>(n * shape.record_bytes)});
+        }
         if (block.type != format::kVvr) {  // a CVVR, or the block being written
             std::span<const std::uint8_t> bytes;
             CDFGATE_TRY(

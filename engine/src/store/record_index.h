@@ -52,6 +52,7 @@ struct IndexNode {
 struct BlockCache {
     std::int64_t offset = 0;  // of the CVVR; 0 when empty
     std::vector<std::uint8_t> bytes;
+    std::vector<std::uint8_t> payload;  // the CVVR as read, kept for its room
 };
 
 // Bytes of a VVR read ahead for small reads (single values, short records), so

@@ -10,7 +10,6 @@
 
 #include "hv/array.h"
 #include "mx_cast.h"
-#include "octave_values.h"
 
 namespace {
 
@@ -37,56 +36,6 @@ bool isNumeric(hvClassID classId) {
 }
 
 // From this many elements on, a real numeric array is made as an Octave value.
-// An array from mxCreate* is copied element by element into an Octave value when
-// the MEX function returns; an Octave value is handed over as it is. Below the
-// threshold the interpreter call that this takes costs more than the copy.
-constexpr std::size_t kOctaveValueElements = 1 << 13;
-
-std::size_t elementCount(const std::vector<mwSize>& extents) {
-    std::size_t count = 1;
-    for (const mwSize extent : extents) count *= static_cast<std::size_t>(extent);
-    return count;
-}
-
-struct MxDestroy {
-    void operator()(mxArray* array) const noexcept { mxDestroyArray(array); }
-};
-using OwnedMx = std::unique_ptr<mxArray, MxDestroy>;
-
-// builtin(fname, arguments...) through the interpreter, so that no function of the
-// user's path can stand in for Octave's own: its one result, registered with the
-// running MEX call like any array the call creates.
-mxArray* callOctave(const char* fname, std::span<mxArray* const> arguments) {
-    const OwnedMx name(mxCreateString(fname));
-    std::vector<mxArray*> inputs{name.get()};
-    inputs.insert(inputs.end(), arguments.begin(), arguments.end());
-    mxArray* result = nullptr;
-    const int failed =
-        mexCallMATLAB(1, &result, static_cast<int>(inputs.size()), inputs.data(), "builtin");
-    return failed ? nullptr : result;
-}
-
-// Uninitialised double and single arrays: made in Octave's own classes, then passed
-// through double() or single(), which return them unchanged but registered.
-// Everything else: zeros([extents], className), as Octave has no uninitialised
-// form of its integer arrays.
-mxArray* createOctaveValue(const std::vector<mwSize>& extents, mxClassID mxClass,
-                           bool initialised) {
-    if (!initialised && (mxClass == mxDOUBLE_CLASS || mxClass == mxSINGLE_CLASS)) {
-        const bool single = mxClass == mxSINGLE_CLASS;
-        const OwnedMx unregistered(static_cast<mxArray*>(
-            cdfgate::host::octave::newUninitialisedValue(extents.data(), extents.size(), single)));
-        mxArray* const arguments[] = {unregistered.get()};
-        return callOctave(single ? "single" : "double", arguments);
-    }
-    const OwnedMx shape(mxCreateDoubleMatrix(1, static_cast<mwSize>(extents.size()), mxREAL));
-    std::transform(extents.begin(), extents.end(), mxGetPr(shape.get()),
-                   [](mwSize extent) { return static_cast<double>(extent); });
-    const OwnedMx probe(mxCreateNumericMatrix(0, 0, mxClass, mxREAL));
-    const OwnedMx className(mxCreateString(mxGetClassName(probe.get())));
-    mxArray* const arguments[] = {shape.get(), className.get()};
-    return callOctave("zeros", arguments);
-}
 
 mxArray* createArray(std::span<const std::size_t> dims, hvClassID classId, hvComplexity complexity,
                      bool initialised) {
@@ -108,9 +57,6 @@ mxArray* createArray(std::span<const std::size_t> dims, hvClassID classId, hvCom
     }
     const auto mxClass = static_cast<mxClassID>(classId);
     const auto mxFlag = complexity == hvCOMPLEX ? mxCOMPLEX : mxREAL;
-    if (mxFlag == mxREAL && elementCount(extents) >= kOctaveValueElements) {
-        return createOctaveValue(extents, mxClass, initialised);
-    }
     return initialised ? mxCreateNumericArray(ndims, extents.data(), mxClass, mxFlag)
                        : mxCreateUninitNumericArray(ndims, extents.data(), mxClass, mxFlag);
 }

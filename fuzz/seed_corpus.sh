@@ -38,6 +38,18 @@ seed_payload() {  # method file
 for m in rle huff ahuff; do
     [ -f "$data/compression/large_$m.bin" ] && seed_payload "$m" "$data/compression/large_$m.bin"
 done
+# GZIP streams of slices of the sample input, each with its exact size.
+if command -v gzip >/dev/null 2>&1; then
+    for size in 1 100 4096 30000; do
+        for level in 1 6 9; do
+            {
+                printf "\\x$(printf %02x $((size >> 8)))\\x$(printf %02x $((size & 255)))"
+                dd if="$data/compression/large_input.bin" bs="$size" count=1 status=none |
+                    gzip -"$level" -c
+            } >"$out/codec_gzip/slice_${size}_$level"
+        done
+    done
+fi
 # Small payloads cut from the sample files give every decoder short, varied inputs.
 for m in rle huff ahuff gzip; do
     for f in "$data"/compression/var_"$m"*.cdf "$data"/compression/file_"$m"*.cdf; do

@@ -7,7 +7,10 @@ function run_octave_suite (name)
     error ("run_octave_suite: CDFGATE_OCTAVE_SCRATCH is not set");
   endif
   if (! isfolder (scratch))
-    mkdir (scratch);
+    [made, message] = mkdir (scratch);
+    if (! made)
+      error ("run_octave_suite: cannot make %s: %s", scratch, message);
+    endif
   endif
   file = file_in_loadpath ([name ".m"]);
   if (isempty (file))

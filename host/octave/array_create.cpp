@@ -1,8 +1,10 @@
 // New Octave arrays for the gateway's results, and their release.
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -10,6 +12,7 @@
 
 #include "hv/array.h"
 #include "mx_cast.h"
+#include "octave_values.h"
 
 namespace {
 
@@ -35,7 +38,64 @@ bool isNumeric(hvClassID classId) {
     return classId >= hvDOUBLE_CLASS && classId <= hvUINT64_CLASS;
 }
 
-// From this many elements on, a real numeric array is made as an Octave value.
+// From this many elements on, a real numeric array is made as an Octave value, so
+// that returning it costs no copy. Below it the detour costs more than the copy.
+constexpr std::size_t kOctaveValueElements = 1 << 13;
+
+// The global name under which such a value passes from Octave's C++ side to this
+// MEX call. It exists only while one array is created.
+constexpr char kStagingName[] = "__cdfgate_staged_array__";
+
+std::optional<cdfgate::host::octave::NumericClass> numericClass(mxClassID mxClass) {
+    using cdfgate::host::octave::NumericClass;
+    switch (mxClass) {
+        case mxDOUBLE_CLASS:
+            return NumericClass::Double;
+        case mxSINGLE_CLASS:
+            return NumericClass::Single;
+        case mxINT8_CLASS:
+            return NumericClass::Int8;
+        case mxUINT8_CLASS:
+            return NumericClass::UInt8;
+        case mxINT16_CLASS:
+            return NumericClass::Int16;
+        case mxUINT16_CLASS:
+            return NumericClass::UInt16;
+        case mxINT32_CLASS:
+            return NumericClass::Int32;
+        case mxUINT32_CLASS:
+            return NumericClass::UInt32;
+        case mxINT64_CLASS:
+            return NumericClass::Int64;
+        case mxUINT64_CLASS:
+            return NumericClass::UInt64;
+        default:
+            return std::nullopt;
+    }
+}
+
+std::size_t elementCount(const std::vector<mwSize>& extents) {
+    std::size_t count = 1;
+    for (const mwSize extent : extents) count *= static_cast<std::size_t>(extent);
+    return count;
+}
+
+// The Octave value, fetched with mexGetVariable, which registers the array with the
+// running call like every array the call creates: it is released with the others.
+// Null when Octave's side declined; the caller then makes the array the usual way.
+mxArray* createOctaveValue(const std::vector<mwSize>& extents, mxClassID mxClass,
+                           bool initialised) {
+    const auto numeric = numericClass(mxClass);
+    if (!numeric) return nullptr;
+    const std::vector<std::int64_t> sizes(extents.begin(), extents.end());
+    if (!cdfgate::host::octave::stageValue(kStagingName, *numeric, sizes.data(), sizes.size(),
+                                           initialised)) {
+        return nullptr;
+    }
+    mxArray* const array = mexGetVariable("global", kStagingName);
+    cdfgate::host::octave::unstageValue(kStagingName);
+    return array;
+}
 
 mxArray* createArray(std::span<const std::size_t> dims, hvClassID classId, hvComplexity complexity,
                      bool initialised) {
@@ -57,6 +117,9 @@ mxArray* createArray(std::span<const std::size_t> dims, hvClassID classId, hvCom
     }
     const auto mxClass = static_cast<mxClassID>(classId);
     const auto mxFlag = complexity == hvCOMPLEX ? mxCOMPLEX : mxREAL;
+    if (mxFlag == mxREAL && elementCount(extents) >= kOctaveValueElements) {
+        if (mxArray* const array = createOctaveValue(extents, mxClass, initialised)) return array;
+    }
     return initialised ? mxCreateNumericArray(ndims, extents.data(), mxClass, mxFlag)
                        : mxCreateUninitNumericArray(ndims, extents.data(), mxClass, mxFlag);
 }

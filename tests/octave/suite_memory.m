@@ -45,7 +45,7 @@
 
 %!test
 %! ## Results large enough to be made as Octave values, of a floating-point class
-%! ## (made uninitialised) and of an integer class (made by zeros).
+%! ## and of an integer class; the name they pass under leaves no global behind.
 %! target = fullfile (getenv ("CDFGATE_OCTAVE_SCRATCH"), "memory_large.cdf");
 %! if (exist (target, "file"))
 %!   delete (target);
@@ -62,6 +62,7 @@
 %!     growth = heap_growth (@() cdflib ("getVarRecordData", id, var, 0));
 %!     assert (growth < 65536, sprintf ("grew by %d bytes", growth));
 %!   endfor
+%!   assert (isempty (who ("global")));
 %! unwind_protect_cleanup
 %!   cdflib ("close", id);
 %! end_unwind_protect

@@ -302,7 +302,7 @@ CDFstatus put_sparse(Call& call, Current& cur) {
     return CDF_OK;
 }
 
-CDFstatus put_long_array(Call& call, const std::vector<long>& values) {
+CDFstatus put_long_array(Call& call, const DimList<long>& values) {
     long* const out = call.args.next<long>();
     if (!values.empty()) std::copy(values.begin(), values.end(), out);
     return CDF_OK;

@@ -2,9 +2,13 @@
 // the rVariables are zVariables numbered first, and rEntry n is zEntry n.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
+
+#include "cdf.h"
 
 #include "api/open_cdf.h"
 
@@ -27,10 +31,31 @@ VarSelection& selection(OpenCdf& cdf, VarRef ref);
 
 // The shape seen through the zVAR_ items: zMode 2 hides the non-varying
 // dimensions of rVariables; rVariables take the file's rDimensions.
+// Shapes are built on every inquiry, so they keep their at most CDF_MAX_DIMS
+// values in place instead of on the heap.
+template <typename T>
+class DimList {
+  public:
+    // Values past the capacity are dropped; parsing and creation keep every
+    // variable within CDF_MAX_DIMS dimensions.
+    void push_back(T value) {
+        if (size_ < values_.size()) values_[size_++] = value;
+    }
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+    T operator[](std::size_t i) const { return values_[i]; }
+    const T* begin() const { return values_.data(); }
+    const T* end() const { return values_.data() + size_; }
+
+  private:
+    std::array<T, CDF_MAX_DIMS> values_{};
+    std::size_t size_ = 0;
+};
+
 struct Shape {
-    std::vector<long> sizes;
-    std::vector<long> varys;   // VARY or NOVARY
-    std::vector<bool> stored;  // per full dimension of the variable: shown in this view
+    DimList<long> sizes;
+    DimList<long> varys;   // VARY or NOVARY
+    DimList<bool> stored;  // per full dimension of the variable: shown in this view
 };
 Shape variable_shape(const OpenCdf& cdf, VarRef ref);
 

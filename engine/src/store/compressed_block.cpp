@@ -25,13 +25,30 @@ Status status_of(codec::Result result, codec::Method method) {
     }
 }
 
+// The decoded size of a block, refused when no payload that fits the block's stored
+// record could expand to it: a damaged record count in an index entry must not
+// turn into an allocation out of proportion to the file.
+Status decoded_size(const CdfFile& cdf, const Block& block, std::int64_t record_bytes,
+                    std::int64_t& out) {
+    const auto file_size = static_cast<std::int64_t>(cdf.file().size());
+    if (block.count() < 1 || record_bytes < 0 || block.offset < 0 || block.offset > file_size) {
+        return cdf.corrupted_status();
+    }
+    const std::int64_t stored = std::min(block.size, file_size - block.offset);
+    if (__builtin_mul_overflow(block.count(), record_bytes, &out) ||
+        out > stored * kMaxExpansion + 1024) {
+        return cdf.corrupted_status();
+    }
+    return kOk;
+}
+
 }  // namespace
 
 Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& block,
                         std::int64_t record_bytes, BlockCache& cache,
                         std::span<const std::uint8_t>& out) {
-    const std::int64_t expected = block.count() * record_bytes;
     if (block.type == kStagedBlock) {
+        const std::int64_t expected = block.count() * record_bytes;
         const CompressedStage& st = var.stage;
         if (!st.active || st.first != block.first ||
             static_cast<std::int64_t>(st.bytes.size()) != expected) {
@@ -40,6 +57,8 @@ Status compressed_block(const CdfFile& cdf, const Variable& var, const Block& bl
         out = st.bytes;
         return kOk;
     }
+    std::int64_t expected = 0;
+    CDFGATE_TRY(decoded_size(cdf, block, record_bytes, expected));
     if (cache.offset == block.offset && static_cast<std::int64_t>(cache.bytes.size()) == expected) {
         out = cache.bytes;
         return kOk;

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "allocation_probe.h"
 #include "cdf.h"
 #include "exercise.h"
 #include "gateway_read.h"
@@ -64,6 +65,11 @@ Bytes CorruptFiles::sample(const std::string& relative) const {
 
 namespace {
 
+// Allocations below this are never questioned; above it, an allocation must be
+// explained by the file: at most what its bytes could inflate to.
+constexpr std::size_t kAllocationFloor = std::size_t{64} << 20;
+constexpr std::size_t kMaxExpansion = 1100;
+
 void write(const std::filesystem::path& path, const Bytes& bytes) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(reinterpret_cast<const char*>(bytes.data()),
@@ -87,6 +93,7 @@ std::string CorruptFiles::write_copy(const Bytes& bytes) {
 void CorruptFiles::expect_handled(const Bytes& bytes, const std::string& what, Expect expect,
                                   bool through_gateway, const Bytes* intact) {
     ASSERT_TRUE(expect != Expect::Error || intact != nullptr) << what << ": no baseline";
+    reset_largest_allocation();
     exercise::Limits limits;
     limits.max_records = 16;
     limits.max_entries = 256;
@@ -122,6 +129,11 @@ void CorruptFiles::expect_handled(const Bytes& bytes, const std::string& what, E
     CDFsetValidate(VALIDATEFILEoff);
     expect_sound(exercise::read_everything(write_copy(bytes), limits), what, "unvalidated");
     CDFsetValidate(VALIDATEFILEon);
+
+    // No block may claim more than its compressed payload can expand to, and the
+    // readers above ask for small buffers only.
+    const std::size_t bound = std::max(kAllocationFloor, bytes.size() * kMaxExpansion);
+    EXPECT_LE(largest_allocation(), bound) << what << ": an allocation out of proportion";
 }
 
 }  // namespace cdfgate::corrupt

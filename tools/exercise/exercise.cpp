@@ -352,32 +352,9 @@ bool Report::opened() const {
 }
 
 std::size_t element_bytes(long data_type) {
-    switch (data_type) {
-        case CDF_INT1:
-        case CDF_UINT1:
-        case CDF_BYTE:
-        case CDF_CHAR:
-        case CDF_UCHAR:
-            return 1;
-        case CDF_INT2:
-        case CDF_UINT2:
-            return 2;
-        case CDF_INT4:
-        case CDF_UINT4:
-        case CDF_REAL4:
-        case CDF_FLOAT:
-            return 4;
-        case CDF_INT8:
-        case CDF_REAL8:
-        case CDF_DOUBLE:
-        case CDF_EPOCH:
-        case CDF_TIME_TT2000:
-            return 8;
-        case CDF_EPOCH16:
-            return 16;
-        default:
-            return 0;
-    }
+    long bytes = 0;
+    if (CDFlib(GET_, DATATYPE_SIZE_, data_type, &bytes, NULL_) != CDF_OK || bytes < 1) return 0;
+    return static_cast<std::size_t>(bytes);
 }
 
 Report read_everything(const std::string& path, const Limits& limits) {

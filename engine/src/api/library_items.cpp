@@ -6,6 +6,7 @@
 #include "api/file_names.h"
 #include "api/library_info.h"
 #include "api/status_text.h"
+#include "encoding/data_types.h"
 #include "store/whole_file.h"
 
 namespace cdfgate::engine::api {
@@ -41,8 +42,19 @@ CDFstatus file_info(Call& call) {
     return CDF_OK;
 }
 
+// GET_ DATATYPE_SIZE_: bytes of one element of a data type.
+CDFstatus data_type_size(Call& call) {
+    const long data_type = call.args.next_long();
+    long* const size = call.args.next<long>();
+    if (!encoding::is_known_type(data_type)) return BAD_DATA_TYPE;
+    *size = static_cast<long>(encoding::element_size(data_type));
+    return CDF_OK;
+}
+
 CDFstatus handle_get(long item, Call& call) {
     switch (item) {
+        case DATATYPE_SIZE_:
+            return data_type_size(call);
         case STATUS_TEXT_:
             copy_status_text(call.lib.current_status, call.args.next<char>());
             return CDF_OK;

@@ -7,6 +7,7 @@
 #include <octave/interpreter.h>
 #include <octave/oct.h>
 #include <octave/parse.h>
+#include <sys/resource.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -51,6 +52,13 @@ void check(long status, const char* what) {
         std::fprintf(stderr, "%s failed: %ld\n", what, status);
         std::abort();
     }
+}
+
+// Minor page faults of the calling thread so far: new memory touched for the first time.
+long minorFaults() {
+    rusage usage{};
+    ::getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_minflt;
 }
 
 double seconds(Clock::duration d) {
@@ -173,13 +181,18 @@ void BM_WholeVariableRead(benchmark::State& state) {
     reads.builtIn();
     reads.throughOctave();
     double builtIn = 0, viaOctave = 0;
+    long builtInFaults = 0, octaveFaults = 0;
     for (auto _ : state) {
+        long faults = minorFaults();
         auto start = Clock::now();
         reads.builtIn();
         builtIn += seconds(Clock::now() - start);
+        builtInFaults += minorFaults() - faults;
+        faults = minorFaults();
         start = Clock::now();
         reads.throughOctave();
         const double o = seconds(Clock::now() - start);
+        octaveFaults += minorFaults() - faults;
         viaOctave += o;
         state.SetIterationTime(o);
     }
@@ -187,6 +200,8 @@ void BM_WholeVariableRead(benchmark::State& state) {
     state.counters["builtin_ms"] = builtIn / n * 1e3;
     state.counters["octave_ms"] = viaOctave / n * 1e3;
     state.counters["octave_vs_builtin_%"] = (viaOctave / builtIn - 1) * 100;
+    state.counters["builtin_faults"] = static_cast<double>(builtInFaults) / n;
+    state.counters["octave_faults"] = static_cast<double>(octaveFaults) / n;
     state.counters["MiB"] = static_cast<double>(state.range(0) * kValuesPerRecord * 8) / (1 << 20);
 }
 

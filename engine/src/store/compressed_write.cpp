@@ -344,18 +344,8 @@ Status write_compressed_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab,
                                    std::numeric_limits<std::int32_t>::max()));
     }
     const SlabPlan plan(shape, slab);
-    const auto* values = static_cast<const std::uint8_t*>(in);
     const std::int64_t box = plan.box_bytes();
-    std::int64_t first = slab.rec_start;
-    std::int64_t count = slab.rec_count;
-    std::int64_t interval = slab.rec_interval;
-    if (!shape.rec_vary) {
-        // Every record of a non-record-variant variable is record 0: the last box wins.
-        values += (count - 1) * box;
-        first = 0;
-        count = 1;
-        interval = 1;
-    }
+    const auto [values, first, count, interval] = write_records(shape, slab, box, in);
     StageWriter writer{cdf, var, index, shape, stored_pad(cdf, var), positive_zeros};
     std::vector<std::uint8_t> chunk;
     for (std::int64_t k = 0; k < count;) {

@@ -230,18 +230,8 @@ Status write_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab, const void
     CDFGATE_TRY(index.load(cdf, var, shape.record_bytes));
     index.drop_caches();
 
-    const auto* values = static_cast<const std::uint8_t*>(in);
     const std::int64_t box = plan.box_bytes();
-    // Every record of a non-record-variant variable is record 0: the last box wins.
-    std::int64_t first = slab.rec_start;
-    std::int64_t count = slab.rec_count;
-    std::int64_t interval = slab.rec_interval;
-    if (!shape.rec_vary) {
-        values += (count - 1) * box;
-        first = 0;
-        count = 1;
-        interval = 1;
-    }
+    const auto [values, first, count, interval] = write_records(shape, slab, box, in);
     const std::int64_t last = first + (count - 1) * interval;
     SlabWriter writer{cdf, var, index, shape, stored_pad(cdf, var), {}, {}, {}, positive_zeros};
     const std::int64_t old_allocated = index.max_allocated();

@@ -154,18 +154,8 @@ Status write_multi_file_slab(CdfFile& cdf, Variable& var, const Hyperslab& slab,
     bool present = false;
     CDFGATE_TRY(open_values(cdf, var, true, present));
     if (!var.values_file.writable()) return NO_WRITE_ACCESS;
-    const auto* values = static_cast<const std::uint8_t*>(in);
     const std::int64_t box = plan.box_bytes();
-    std::int64_t first = slab.rec_start;
-    std::int64_t count = slab.rec_count;
-    std::int64_t interval = slab.rec_interval;
-    if (!shape.rec_vary) {
-        // Every record of a non-record-variant variable is record 0: the last box wins.
-        values += (count - 1) * box;
-        first = 0;
-        count = 1;
-        interval = 1;
-    }
+    const auto [values, first, count, interval] = write_records(shape, slab, box, in);
     MultiWriter writer{cdf, var, shape, positive_zeros, stored_pad(cdf, var), {}};
     if (plan.whole_record() && interval == 1) {
         CDFGATE_TRY(writer.before(first));

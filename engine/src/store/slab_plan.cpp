@@ -128,4 +128,11 @@ void SlabPlan::scatter(const std::uint8_t* box, std::uint8_t* span) const {
     walk<false>(box, span);
 }
 
+WriteRecords write_records(const DataShape& shape, const Hyperslab& slab, std::int64_t box_bytes,
+                           const void* in) {
+    const auto* const values = static_cast<const std::uint8_t*>(in);
+    if (!shape.rec_vary) return {values + (slab.rec_count - 1) * box_bytes, 0, 1, 1};
+    return {values, slab.rec_start, slab.rec_count, slab.rec_interval};
+}
+
 }  // namespace cdfgate::engine::store

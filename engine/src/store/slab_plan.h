@@ -48,4 +48,16 @@ class SlabPlan {
     bool whole_ = false;
 };
 
+// The records a write goes to and the caller's values for the first of them. A
+// non-record-variant variable has the one record 0: of several boxes given, the
+// last one wins.
+struct WriteRecords {
+    const std::uint8_t* values = nullptr;
+    std::int64_t first = 0;
+    std::int64_t count = 1;
+    std::int64_t interval = 1;
+};
+WriteRecords write_records(const DataShape& shape, const Hyperslab& slab, std::int64_t box_bytes,
+                           const void* in);
+
 }  // namespace cdfgate::engine::store

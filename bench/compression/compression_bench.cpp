@@ -19,55 +19,21 @@
 #include <string>
 #include <vector>
 
+#include "bench_support.h"
 #include "cdf.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-// Thread CPU time: other load on the machine does not blur the comparison, and
-// the file system's work for the thread is counted.
-struct Clock {
-    using duration = std::chrono::nanoseconds;
-    using time_point = std::chrono::time_point<Clock, duration>;
-    static time_point now() {
-        timespec ts{};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
-        return time_point(duration(std::int64_t{ts.tv_sec} * 1000000000 + ts.tv_nsec));
-    }
-};
-
+using cdfgate::bench::check;
+using cdfgate::bench::fail;
+using cdfgate::bench::seconds;
+using Clock = cdfgate::bench::ThreadClock;
+using cdfgate::bench::scratch;
 constexpr long kValuesPerRecord = 1024;  // 4 KiB records: blocks of 16 records, 64 KiB
 constexpr std::size_t kBlockBytes = 65536;
 constexpr long kGzipRecords = 65536;  // 256 MiB of CDF_REAL4
 constexpr long kOtherRecords = 8192;  // 32 MiB for the slower coders
-
-[[noreturn]] void fail(const char* what, long status = 0) {
-    std::fprintf(stderr, "%s failed (%ld)\n", what, status);
-    std::abort();
-}
-
-void check(long status, const char* what) {
-    if (status < CDF_WARN) fail(what, status);
-}
-
-class TempDir {
-  public:
-    TempDir() {
-        std::string pattern = (fs::temp_directory_path() / "cdfgate-bench-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) fail("temporary directory");
-        dir_ = pattern;
-    }
-    ~TempDir() { fs::remove_all(dir_); }
-    std::string path(const std::string& name) const { return (dir_ / name).string(); }
-
-  private:
-    fs::path dir_;
-};
-
-TempDir& temp() {
-    static TempDir dir;
-    return dir;
-}
 
 // A slowly varying signal with a little quantised noise, as instruments give:
 // compressible, but far from trivially.
@@ -83,10 +49,6 @@ const std::vector<float>& values() {
         return out;
     }();
     return v;
-}
-
-double seconds(Clock::duration d) {
-    return std::chrono::duration<double>(d).count();
 }
 
 // Creates name.cdf with one CDF_REAL4 [1024] variable compressed with type/parm
@@ -177,7 +139,7 @@ Clock::duration zlib_compress_all() {
 
 const std::string& gzip_file() {
     static const std::string name = [] {
-        const std::string n = temp().path("gzip6");
+        const std::string n = scratch().path("gzip6");
         write_variable(n, GZIP_COMPRESSION, 6, kGzipRecords);
         return n;
     }();
@@ -204,7 +166,7 @@ void BM_GzipWholeVariableRead(benchmark::State& state) {
 }
 
 void BM_GzipWholeVariableWrite(benchmark::State& state) {
-    const std::string name = temp().path("gzip6w");
+    const std::string name = scratch().path("gzip6w");
     double engine = 0, zlib = 0;
     for (auto _ : state) {
         engine += seconds(write_variable(name, GZIP_COMPRESSION, 6, kGzipRecords));
@@ -221,7 +183,7 @@ void BM_GzipWholeVariableWrite(benchmark::State& state) {
 
 void BM_CodecWrite(benchmark::State& state) {
     const long type = state.range(0);
-    const std::string name = temp().path("w" + std::to_string(type));
+    const std::string name = scratch().path("w" + std::to_string(type));
     double engine = 0;
     for (auto _ : state) engine += seconds(write_variable(name, type, 0, kOtherRecords));
     const double bytes = static_cast<double>(kOtherRecords) * kValuesPerRecord * 4 *
@@ -233,7 +195,7 @@ void BM_CodecWrite(benchmark::State& state) {
 
 void BM_CodecRead(benchmark::State& state) {
     const long type = state.range(0);
-    const std::string name = temp().path("r" + std::to_string(type));
+    const std::string name = scratch().path("r" + std::to_string(type));
     write_variable(name, type, 0, kOtherRecords);
     std::vector<float> out;
     double engine = 0;

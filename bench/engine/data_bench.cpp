@@ -13,40 +13,21 @@
 #include <string>
 #include <vector>
 
+#include "bench_support.h"
 #include "cdf.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
+using cdfgate::bench::check;
+using cdfgate::bench::fail;
+using cdfgate::bench::scratch;
+using cdfgate::bench::seconds;
+using Clock = std::chrono::steady_clock;  // wall time: the plain calls are compared in it
 
 constexpr long kValuesPerRecord = 1024;  // 8 KiB records
 constexpr long kRecords = 32768;         // 256 MiB of CDF_REAL8
 constexpr std::size_t kBytes = std::size_t{kRecords} * kValuesPerRecord * 8;
-
-[[noreturn]] void fail(const char* what) {
-    std::fprintf(stderr, "%s failed\n", what);
-    std::abort();
-}
-
-class TempDir {
-  public:
-    TempDir() {
-        std::string pattern = (fs::temp_directory_path() / "cdfgate-bench-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) fail("temporary directory");
-        dir_ = pattern;
-    }
-    ~TempDir() { fs::remove_all(dir_); }
-    std::string path(const std::string& name) const { return (dir_ / name).string(); }
-
-  private:
-    fs::path dir_;
-};
-
-TempDir& temp() {
-    static TempDir dir;
-    return dir;
-}
 
 std::vector<double>& values() {
     static std::vector<double> v = [] {
@@ -55,17 +36,6 @@ std::vector<double>& values() {
         return out;
     }();
     return v;
-}
-
-double seconds(Clock::duration d) {
-    return std::chrono::duration<double>(d).count();
-}
-
-void check(long status, const char* what) {
-    if (status < CDF_WARN) {
-        std::fprintf(stderr, "%s failed: %ld\n", what, status);
-        std::abort();
-    }
 }
 
 // Creates name.cdf holding one CDF_REAL8 [1024] variable with every record written
@@ -89,7 +59,7 @@ Clock::duration write_variable(const std::string& name) {
 
 const std::string& data_file() {
     static const std::string name = [] {
-        const std::string n = temp().path("read");
+        const std::string n = scratch().path("read");
         (void)write_variable(n);
         return n;
     }();
@@ -164,8 +134,8 @@ void BM_WholeVariableWrite(benchmark::State& state) {
     double engine = 0, plain = 0;
     int n = 0;
     for (auto _ : state) {
-        const std::string name = temp().path("write" + std::to_string(n));
-        const std::string raw = temp().path("raw" + std::to_string(n));
+        const std::string name = scratch().path("write" + std::to_string(n));
+        const std::string raw = scratch().path("raw" + std::to_string(n));
         double e = 0;
         if (n % 2 == 0) {
             e = seconds(write_variable(name));
@@ -256,7 +226,7 @@ void BM_SingleValueScan(benchmark::State& state) {
 // an entry for every tenth variable), opened and closed.
 const std::string& metadata_file() {
     static const std::string name = [] {
-        const std::string n = temp().path("meta");
+        const std::string n = scratch().path("meta");
         CDFid id = nullptr;
         check(CDFcreateCDF(const_cast<char*>(n.c_str()), &id), "create");
         long dims[] = {3}, varys[] = {VARY};

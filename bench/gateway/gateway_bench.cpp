@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "bench_support.h"
 #include "cdf.h"
 #include "cdfgate/embedded.h"
 #include "hv/entry.h"
@@ -24,53 +25,16 @@ namespace {
 namespace fs = std::filesystem;
 using cdfgate::embedded::Array;
 
-// Thread CPU time (page faults of new buffers included), so that other load on the
-// machine does not blur the comparison.
-struct Clock {
-    using duration = std::chrono::nanoseconds;
-    static std::chrono::time_point<Clock, duration> now() {
-        timespec t{};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-        return std::chrono::time_point<Clock, duration>(
-            duration(std::int64_t{t.tv_sec} * 1000000000 + t.tv_nsec));
-    }
-};
-
+using cdfgate::bench::check;
+using cdfgate::bench::fail;
+using cdfgate::bench::seconds;
+using Clock = cdfgate::bench::ThreadClock;
+using cdfgate::bench::scratch;
 constexpr long kValuesPerRecord = 1024;  // 8 KiB records of CDF_REAL8
-
-void check(long status, const char* what) {
-    if (status < CDF_WARN) {
-        std::fprintf(stderr, "%s failed: %ld\n", what, status);
-        std::abort();
-    }
-}
-
-double seconds(Clock::duration d) {
-    return std::chrono::duration<double>(d).count();
-}
-
-class TempDir {
-  public:
-    TempDir() {
-        std::string pattern = (fs::temp_directory_path() / "cdfgate-gwbench-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) std::abort();
-        dir_ = pattern;
-    }
-    ~TempDir() { fs::remove_all(dir_); }
-    std::string path(const std::string& name) const { return (dir_ / name).string(); }
-
-  private:
-    fs::path dir_;
-};
-
-TempDir& temp() {
-    static TempDir dir;
-    return dir;
-}
 
 // name.cdf with one CDF_REAL8 [1024] variable of `records` records.
 std::string dataFile(long records) {
-    const std::string name = temp().path("data" + std::to_string(records));
+    const std::string name = scratch().path("data" + std::to_string(records));
     if (fs::exists(name + ".cdf")) return name;
     std::vector<double> values(static_cast<std::size_t>(records * kValuesPerRecord));
     for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;

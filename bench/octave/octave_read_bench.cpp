@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "bench_support.h"
 #include "cdf.h"
 #include "cdfgate/embedded.h"
 #include "hv/entry.h"
@@ -31,28 +32,13 @@ namespace {
 namespace fs = std::filesystem;
 using cdfgate::embedded::Array;
 
-// Time the calling thread spent on the CPU, kernel time (page faults) included. The
-// machine may be shared; unlike the wall clock this does not count time spent
-// waiting for a core.
-struct ThreadClock {
-    using duration = std::chrono::nanoseconds;
-    using time_point = std::chrono::time_point<ThreadClock>;
-    static time_point now() {
-        timespec now{};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-        return time_point(std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec));
-    }
-};
-using Clock = ThreadClock;
+using cdfgate::bench::check;
+using cdfgate::bench::fail;
+using cdfgate::bench::seconds;
+using Clock = cdfgate::bench::ThreadClock;
+using cdfgate::bench::scratch;
 
 constexpr long kValuesPerRecord = 1024;  // 8 KiB records of CDF_REAL8
-
-void check(long status, const char* what) {
-    if (status < CDF_WARN) {
-        std::fprintf(stderr, "%s failed: %ld\n", what, status);
-        std::abort();
-    }
-}
 
 // Minor page faults of the calling thread so far: new memory touched for the first time.
 long minorFaults() {
@@ -61,32 +47,9 @@ long minorFaults() {
     return usage.ru_minflt;
 }
 
-double seconds(Clock::duration d) {
-    return std::chrono::duration<double>(d).count();
-}
-
-class TempDir {
-  public:
-    TempDir() {
-        std::string pattern = (fs::temp_directory_path() / "cdfgate-octbench-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) std::abort();
-        dir_ = pattern;
-    }
-    ~TempDir() { fs::remove_all(dir_); }
-    std::string path(const std::string& name) const { return (dir_ / name).string(); }
-
-  private:
-    fs::path dir_;
-};
-
-TempDir& temp() {
-    static TempDir dir;
-    return dir;
-}
-
 // A file with one CDF_REAL8 [1024] variable of `records` records, written by the engine.
 std::string dataFile(long records) {
-    const std::string name = temp().path("data" + std::to_string(records) + ".cdf");
+    const std::string name = scratch().path("data" + std::to_string(records) + ".cdf");
     if (fs::exists(name)) return name;
     std::vector<double> values(static_cast<std::size_t>(records * kValuesPerRecord));
     for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;

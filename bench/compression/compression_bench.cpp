@@ -27,9 +27,10 @@ namespace {
 namespace fs = std::filesystem;
 using cdfgate::bench::check;
 using cdfgate::bench::fail;
+using cdfgate::bench::scratch;
 using cdfgate::bench::seconds;
 using Clock = cdfgate::bench::ThreadClock;
-using cdfgate::bench::scratch;
+
 constexpr long kValuesPerRecord = 1024;  // 4 KiB records: blocks of 16 records, 64 KiB
 constexpr std::size_t kBlockBytes = 65536;
 constexpr long kGzipRecords = 65536;  // 256 MiB of CDF_REAL4

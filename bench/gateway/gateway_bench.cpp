@@ -22,34 +22,14 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using cdfgate::embedded::Array;
 
 using cdfgate::bench::check;
-using cdfgate::bench::fail;
+using cdfgate::bench::real8_file;
 using cdfgate::bench::seconds;
 using Clock = cdfgate::bench::ThreadClock;
-using cdfgate::bench::scratch;
-constexpr long kValuesPerRecord = 1024;  // 8 KiB records of CDF_REAL8
 
-// name.cdf with one CDF_REAL8 [1024] variable of `records` records.
-std::string dataFile(long records) {
-    const std::string name = scratch().path("data" + std::to_string(records));
-    if (fs::exists(name + ".cdf")) return name;
-    std::vector<double> values(static_cast<std::size_t>(records * kValuesPerRecord));
-    for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;
-    CDFid id = nullptr;
-    check(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), "create");
-    long dims[] = {kValuesPerRecord}, varys[] = {VARY}, zero[] = {0}, one[] = {1}, var = -1;
-    check(CDFlib(CREATE_, zVAR_, "data", CDF_REAL8, 1L, 1L, dims, VARY, varys, &var, NULL_),
-          "create variable");
-    check(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, records, zVAR_RECINTERVAL_, 1L,
-                 zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, dims, zVAR_DIMINTERVALS_, one, PUT_,
-                 zVAR_HYPERDATA_, values.data(), NULL_),
-          "write");
-    check(CDFlib(CLOSE_, CDF_, NULL_), "close");
-    return name;
-}
+constexpr long kValuesPerRecord = cdfgate::bench::kReal8RecordValues;
 
 // One cdflib call with prebuilt inputs; the result is destroyed with the slot.
 class GatewayCall {
@@ -87,7 +67,7 @@ struct OpenFile {
 void BM_WholeVariableRead(benchmark::State& state) {
     const long records = state.range(0);
     const std::size_t count = static_cast<std::size_t>(records * kValuesPerRecord);
-    OpenFile file(dataFile(records));
+    OpenFile file(real8_file(records));
     GatewayCall gateway(
         "hyperGetVarData",
         {file.id, Array::scalar(0), Array::scalar(0), Array::scalar(static_cast<double>(records)),
@@ -149,7 +129,7 @@ void inquire(CDFid id) {
 // gateway's getVarData (inquiry, majority, checks, host array, the same read), in
 // alternating batches of the same size.
 void BM_SingleValueRead(benchmark::State& state) {
-    OpenFile file(dataFile(64));
+    OpenFile file(real8_file(64));
     GatewayCall gateway("getVarData",
                         {file.id, Array::scalar(0), Array::scalar(37), Array::of<double>({17})});
     constexpr int kBatch = 1000;

@@ -29,41 +29,20 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using cdfgate::embedded::Array;
 
 using cdfgate::bench::check;
-using cdfgate::bench::fail;
+using cdfgate::bench::real8_file;
 using cdfgate::bench::seconds;
 using Clock = cdfgate::bench::ThreadClock;
-using cdfgate::bench::scratch;
 
-constexpr long kValuesPerRecord = 1024;  // 8 KiB records of CDF_REAL8
+constexpr long kValuesPerRecord = cdfgate::bench::kReal8RecordValues;
 
 // Minor page faults of the calling thread so far: new memory touched for the first time.
 long minorFaults() {
     rusage usage{};
     ::getrusage(RUSAGE_THREAD, &usage);
     return usage.ru_minflt;
-}
-
-// A file with one CDF_REAL8 [1024] variable of `records` records, written by the engine.
-std::string dataFile(long records) {
-    const std::string name = scratch().path("data" + std::to_string(records) + ".cdf");
-    if (fs::exists(name)) return name;
-    std::vector<double> values(static_cast<std::size_t>(records * kValuesPerRecord));
-    for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;
-    CDFid id = nullptr;
-    check(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), "create");
-    long dims[] = {kValuesPerRecord}, varys[] = {VARY}, zero[] = {0}, one[] = {1}, var = -1;
-    check(CDFlib(CREATE_, zVAR_, "data", CDF_REAL8, 1L, 1L, dims, VARY, varys, &var, NULL_),
-          "create variable");
-    check(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, records, zVAR_RECINTERVAL_, 1L,
-                 zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, dims, zVAR_DIMINTERVALS_, one, PUT_,
-                 zVAR_HYPERDATA_, values.data(), NULL_),
-          "write");
-    check(CDFlib(CLOSE_, CDF_, NULL_), "close");
-    return name;
 }
 
 octave_value_list valueList(std::initializer_list<octave_value> values) {
@@ -94,7 +73,7 @@ octave::interpreter& interpreter() {
 // The same hyperslab call on both hosts: every record, the whole dimension.
 struct Reads {
     explicit Reads(long records) {
-        const std::string name = dataFile(records);
+        const std::string name = real8_file(records);
         const double recordCount = static_cast<double>(records);
         const double extent = static_cast<double>(kValuesPerRecord);
 

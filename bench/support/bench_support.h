@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "cdf.h"
 
@@ -69,6 +70,28 @@ class ScratchDir {
 inline ScratchDir& scratch() {
     static ScratchDir dir;
     return dir;
+}
+
+inline constexpr long kReal8RecordValues = 1024;  // 8 KiB records
+
+// A file of the scratch folder with one CDF_REAL8 [1024] variable "data" of
+// `records` records, written by the engine once per program.
+inline std::string real8_file(long records) {
+    const std::string name = scratch().path("real8_" + std::to_string(records) + ".cdf");
+    if (std::filesystem::exists(name)) return name;
+    std::vector<double> values(static_cast<std::size_t>(records * kReal8RecordValues));
+    for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) * 0.5;
+    CDFid id = nullptr;
+    check(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), "create");
+    long dims[] = {kReal8RecordValues}, varys[] = {VARY}, zero[] = {0}, one[] = {1}, var = -1;
+    check(CDFlib(CREATE_, zVAR_, "data", CDF_REAL8, 1L, 1L, dims, VARY, varys, &var, NULL_),
+          "create variable");
+    check(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, records, zVAR_RECINTERVAL_, 1L,
+                 zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, dims, zVAR_DIMINTERVALS_, one, PUT_,
+                 zVAR_HYPERDATA_, values.data(), NULL_),
+          "write");
+    check(CDFlib(CLOSE_, CDF_, NULL_), "close");
+    return name;
 }
 
 }  // namespace cdfgate::bench

@@ -8,37 +8,14 @@
 #include <vector>
 
 #include "cdf.h"
+#include "reference_files.h"
 #include "test_files.h"
 
 namespace {
 
-using cdfgate::test::file_bytes;
 using cdfgate::test::shared_data;
 
-class DataLayout : public cdfgate::test::ScratchDir {
-  protected:
-    void TearDown() override {
-        CDFsetFileBackward(BACKWARDFILEoff);
-        ScratchDir::TearDown();
-    }
-
-    CDFid create(const std::string& name, bool backward) {
-        CDFsetFileBackward(backward ? BACKWARDFILEon : BACKWARDFILEoff);
-        CDFid id = nullptr;
-        EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(name).c_str()), &id), CDF_OK);
-        return id;
-    }
-
-    void expect_same(const std::string& name, const std::string& sample) {
-        const auto written = file_bytes(path(name + ".cdf"));
-        const auto expected = file_bytes(shared_data("format/" + sample));
-        ASSERT_FALSE(expected.empty()) << "missing sample " << sample;
-        ASSERT_EQ(written.size(), expected.size()) << sample;
-        for (std::size_t i = 0; i < written.size(); ++i) {
-            ASSERT_EQ(written[i], expected[i]) << sample << " differs at offset " << i;
-        }
-    }
-};
+class DataLayout : public cdfgate::test::ReferenceFiles {};
 
 // zVariable "Var" INT4 [2,3]: record r holds 100r + 10i + j at (i,j).
 void write_int4_records(CDFid id, bool column_major) {

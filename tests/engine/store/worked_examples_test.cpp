@@ -5,37 +5,14 @@
 #include <cstring>
 
 #include "cdf.h"
+#include "reference_files.h"
 #include "test_files.h"
 
 namespace {
 
-using cdfgate::test::file_bytes;
 using cdfgate::test::shared_data;
 
-class WorkedExample : public cdfgate::test::ScratchDir {
-  protected:
-    void TearDown() override {
-        CDFsetFileBackward(BACKWARDFILEoff);
-        ScratchDir::TearDown();
-    }
-
-    CDFid create(const std::string& name, bool backward) {
-        CDFsetFileBackward(backward ? BACKWARDFILEon : BACKWARDFILEoff);
-        CDFid id = nullptr;
-        EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(name).c_str()), &id), CDF_OK);
-        return id;
-    }
-
-    void expect_same(const std::string& name, const std::string& sample) {
-        const auto written = file_bytes(path(name + ".cdf"));
-        const auto expected = file_bytes(shared_data("format/" + sample));
-        ASSERT_FALSE(expected.empty()) << "missing sample " << sample;
-        ASSERT_EQ(written.size(), expected.size()) << sample;
-        for (std::size_t i = 0; i < written.size(); ++i) {
-            ASSERT_EQ(written[i], expected[i]) << sample << " differs at offset " << i;
-        }
-    }
-};
+class WorkedExample : public cdfgate::test::ReferenceFiles {};
 
 TEST_F(WorkedExample, EmptyFile) {
     for (const bool backward : {false, true}) {

@@ -212,6 +212,8 @@ class Pass {
 
     CDFstatus hyper(long first, long count, long interval, const long* indices, const long* counts,
                     const long* intervals, std::size_t bytes) {
+        if (bytes > limits_.max_hyper_bytes - hyper_bytes_) return CDF_OK;
+        hyper_bytes_ += bytes;
         Buffer out(bytes);
         const CDFstatus status =
             track(CDFlib(SELECT_, zVAR_RECNUMBER_, first, zVAR_RECCOUNT_, count, zVAR_RECINTERVAL_,
@@ -342,6 +344,7 @@ class Pass {
 
     const Limits& limits_;
     Report& report_;
+    std::size_t hyper_bytes_ = 0;  // asked for by hyperslab reads so far
     long r_dims_ = 0;
 };
 

@@ -13,6 +13,9 @@ struct Limits {
     std::size_t max_buffer_bytes = std::size_t{1} << 22;  // largest buffer one read gets
     long max_records = 256;   // records read one by one per variable (plus the last)
     long max_entries = 1024;  // entry numbers tried per attribute and kind
+    // Hyperslab reads stop once a pass has asked for this many bytes: a small damaged
+    // file may describe huge values, and reading all of them proves nothing more.
+    std::size_t max_hyper_bytes = std::size_t{1} << 26;
 };
 
 struct Report {

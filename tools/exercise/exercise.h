@@ -15,7 +15,7 @@ struct Limits {
     long max_entries = 1024;  // entry numbers tried per attribute and kind
     // Hyperslab reads stop once a pass has asked for this many bytes: a small damaged
     // file may describe huge values, and reading all of them proves nothing more.
-    std::size_t max_hyper_bytes = std::size_t{1} << 26;
+    std::size_t max_hyper_bytes = std::size_t{1} << 24;
 };
 
 struct Report {

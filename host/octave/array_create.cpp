@@ -4,7 +4,6 @@
 #include <cstring>
 #include <memory>
 #include <new>
-#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -46,34 +45,6 @@ constexpr std::size_t kOctaveValueElements = 1 << 13;
 // MEX call. It exists only while one array is created.
 constexpr char kStagingName[] = "__cdfgate_staged_array__";
 
-std::optional<cdfgate::host::octave::NumericClass> numericClass(mxClassID mxClass) {
-    using cdfgate::host::octave::NumericClass;
-    switch (mxClass) {
-        case mxDOUBLE_CLASS:
-            return NumericClass::Double;
-        case mxSINGLE_CLASS:
-            return NumericClass::Single;
-        case mxINT8_CLASS:
-            return NumericClass::Int8;
-        case mxUINT8_CLASS:
-            return NumericClass::UInt8;
-        case mxINT16_CLASS:
-            return NumericClass::Int16;
-        case mxUINT16_CLASS:
-            return NumericClass::UInt16;
-        case mxINT32_CLASS:
-            return NumericClass::Int32;
-        case mxUINT32_CLASS:
-            return NumericClass::UInt32;
-        case mxINT64_CLASS:
-            return NumericClass::Int64;
-        case mxUINT64_CLASS:
-            return NumericClass::UInt64;
-        default:
-            return std::nullopt;
-    }
-}
-
 std::size_t elementCount(const std::vector<mwSize>& extents) {
     std::size_t count = 1;
     for (const mwSize extent : extents) count *= static_cast<std::size_t>(extent);
@@ -85,10 +56,8 @@ std::size_t elementCount(const std::vector<mwSize>& extents) {
 // Null when Octave's side declined; the caller then makes the array the usual way.
 mxArray* createOctaveValue(const std::vector<mwSize>& extents, mxClassID mxClass,
                            bool initialised) {
-    const auto numeric = numericClass(mxClass);
-    if (!numeric) return nullptr;
     const std::vector<std::int64_t> sizes(extents.begin(), extents.end());
-    if (!cdfgate::host::octave::stageValue(kStagingName, *numeric, sizes.data(), sizes.size(),
+    if (!cdfgate::host::octave::stageValue(kStagingName, mxClass, sizes.data(), sizes.size(),
                                            initialised)) {
         return nullptr;
     }

@@ -23,36 +23,37 @@ octave_value newValue(const dim_vector& dims, bool initialised) {
     return octave_value(Result(newArray<Element>(dims, initialised)));
 }
 
-octave_value newValue(NumericClass numericClass, const dim_vector& dims, bool initialised) {
-    switch (numericClass) {
-        case NumericClass::Double:
+octave_value newValue(mxClassID mxClass, const dim_vector& dims, bool initialised) {
+    switch (mxClass) {
+        case mxDOUBLE_CLASS:
             return newValue<NDArray, double>(dims, initialised);
-        case NumericClass::Single:
+        case mxSINGLE_CLASS:
             return newValue<FloatNDArray, float>(dims, initialised);
-        case NumericClass::Int8:
+        case mxINT8_CLASS:
             return newValue<int8NDArray, octave_int8>(dims, initialised);
-        case NumericClass::UInt8:
+        case mxUINT8_CLASS:
             return newValue<uint8NDArray, octave_uint8>(dims, initialised);
-        case NumericClass::Int16:
+        case mxINT16_CLASS:
             return newValue<int16NDArray, octave_int16>(dims, initialised);
-        case NumericClass::UInt16:
+        case mxUINT16_CLASS:
             return newValue<uint16NDArray, octave_uint16>(dims, initialised);
-        case NumericClass::Int32:
+        case mxINT32_CLASS:
             return newValue<int32NDArray, octave_int32>(dims, initialised);
-        case NumericClass::UInt32:
+        case mxUINT32_CLASS:
             return newValue<uint32NDArray, octave_uint32>(dims, initialised);
-        case NumericClass::Int64:
+        case mxINT64_CLASS:
             return newValue<int64NDArray, octave_int64>(dims, initialised);
-        case NumericClass::UInt64:
+        case mxUINT64_CLASS:
             return newValue<uint64NDArray, octave_uint64>(dims, initialised);
+        default:
+            return octave_value();
     }
-    return octave_value();
 }
 
 }  // namespace
 
-bool stageValue(const char* name, NumericClass numericClass, const std::int64_t* extents,
-                std::size_t count, bool initialised) noexcept {
+bool stageValue(const char* name, mxClassID mxClass, const std::int64_t* extents, std::size_t count,
+                bool initialised) noexcept {
     ::octave::interpreter* const interpreter = ::octave::interpreter::the_interpreter();
     if (interpreter == nullptr) return false;
     try {
@@ -62,7 +63,7 @@ bool stageValue(const char* name, NumericClass numericClass, const std::int64_t*
         for (std::size_t i = 0; i < count; ++i) {
             dims(static_cast<int>(i)) = static_cast<octave_idx_type>(extents[i]);
         }
-        const octave_value value = newValue(numericClass, dims, initialised);
+        const octave_value value = newValue(mxClass, dims, initialised);
         if (value.is_undefined()) return false;
         interpreter->global_assign(name, value);
         return true;

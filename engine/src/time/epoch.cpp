@@ -1,7 +1,6 @@
 #include "time/epoch.h"
 
 #include <bit>
-#include <cmath>
 #include <cstdint>
 
 #include "time/calendar.h"
@@ -49,13 +48,10 @@ EpochParts epochBreakdown(double epoch) {
     if (std::bit_cast<std::uint64_t>(epoch) == 0x8000000000000000ULL) return {0, 0, 0, 0, 0, 0, 0};
     if (epoch < 0.0) epoch = -epoch;
     if (kEpochMax < epoch) epoch = kEpochMax;
+    // The fraction of a millisecond stays in the split, as in the C interface: a time
+    // in the last millisecond of a day can round up to the next day's date there.
+    const CivilTime t = splitSeconds(epoch / 1000.0);
     const double msec = exactFmod(epoch, 1000);
-    // Split the whole seconds, not epoch / 1000.0: with the fraction kept, a time in the
-    // last millisecond of a day (23:59:59.999 and a fraction) rounds up to the next day
-    // number inside the split and came out as the next day's date with this day's
-    // 23:59:59.999. Every other value splits as before; NaN keeps its old path.
-    const double seconds = std::isnan(epoch) ? epoch / 1000.0 : (epoch - msec) / 1000.0;
-    const CivilTime t = splitSeconds(seconds);
     return {t.date.year, t.date.month, t.date.day, t.hour, t.minute, t.second, toInt64(msec)};
 }
 

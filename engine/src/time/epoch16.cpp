@@ -1,8 +1,5 @@
 #include "time/epoch16.h"
 
-#include <cmath>
-#include <cstdint>
-
 #include "time/calendar.h"
 #include "time/epoch.h"
 #include "time/exact_fmod.h"
@@ -63,10 +60,7 @@ Epoch16Parts epoch16Breakdown(double pair[2]) {
     const double psecMax = pair[0] == kSecondsMax ? kPicosecondsMaxAtEnd : kPicosecondsMax;
     if (psecMax < pair[1]) pair[1] = psecMax;
 
-    // A fraction of the seconds is dropped before the split, so that a time just below
-    // midnight cannot round up into the next day's date (see epochBreakdown).
-    const double seconds = std::isnan(pair[0]) ? pair[0] : std::floor(pair[0]);
-    const CivilTime t = splitSeconds(seconds);
+    const CivilTime t = splitSeconds(pair[0]);
     const double p = pair[1];
     const i64 psec = toInt64(exactFmod(p, 1000));
     const double n = p / 1000.0;

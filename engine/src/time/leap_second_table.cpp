@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <utility>
 
 #include "time/calendar.h"
 #include "time/tt2000.h"
@@ -10,8 +10,6 @@
 namespace cdfgate::engine::time {
 
 namespace {
-
-constexpr std::size_t kMaxRows = 1000;
 
 // TAI-UTC as published by the IERS, up to the leap second at the end of 2016.
 const std::vector<LeapSecondRow> kBuiltInRows{
@@ -59,16 +57,6 @@ const std::vector<LeapSecondRow> kBuiltInRows{
     {2017, 1, 1, 37.0, 0.0, 0.0},
 };
 
-bool isWholeIn(double x, double low, double high) {
-    return std::isfinite(x) && x == std::floor(x) && x >= low && x <= high;
-}
-
-bool isUsableRow(const LeapSecondRow& r) {
-    return isWholeIn(r.year, 1, 9999) && isWholeIn(r.month, 1, 12) && isWholeIn(r.day, 1, 31) &&
-           std::isfinite(r.taiMinusUtc) && std::fabs(r.taiMinusUtc) < 1e6 &&
-           std::isfinite(r.mjdBase) && std::isfinite(r.driftPerDay);
-}
-
 i64 rowKey(const LeapSecondRow& r) {
     return 12 * toInt64(r.year) + toInt64(r.month);
 }
@@ -76,30 +64,19 @@ i64 rowKey(const LeapSecondRow& r) {
 }  // namespace
 
 const LeapSecondTable& LeapSecondTable::builtIn() {
-    static const LeapSecondTable table = *fromRows(kBuiltInRows);
+    static const LeapSecondTable table(kBuiltInRows);
     return table;
 }
 
-std::optional<LeapSecondTable> LeapSecondTable::fromRows(std::vector<LeapSecondRow> rows) {
-    if (rows.size() < kDriftingRows || rows.size() > kMaxRows) return std::nullopt;
-    if (!std::all_of(rows.begin(), rows.end(), isUsableRow)) return std::nullopt;
-    LeapSecondTable table;
-    table.rows_ = std::move(rows);
-    for (const LeapSecondRow& r : table.rows_) {
-        const i64 key = rowKey(r);
-        if (!table.keys_.empty() && key <= table.keys_.back()) return std::nullopt;
-        table.keys_.push_back(key);
-    }
-    for (std::size_t i = kDriftingRows; i < table.rows_.size(); ++i) {
-        const LeapSecondRow& r = table.rows_[i];
+LeapSecondTable::LeapSecondTable(std::vector<LeapSecondRow> rows) : rows_(std::move(rows)) {
+    for (const LeapSecondRow& r : rows_) keys_.push_back(rowKey(r));
+    // Encoding a row's first instant needs only the rows and their keys, set above.
+    for (std::size_t i = kDriftingRows; i < rows_.size(); ++i) {
+        const LeapSecondRow& r = rows_[i];
         const std::array<double, 9> first{r.year, r.month, 1, 0, 0, 0, 0, 0, 0};
-        const i64 start = computeTt2000(first, table);
-        if (start == kTt2000Illegal) return std::nullopt;
-        if (!table.starts_.empty() && start <= table.starts_.back()) return std::nullopt;
-        table.starts_.push_back(start);
-        table.offsets_.push_back(r.taiMinusUtc);
+        starts_.push_back(computeTt2000(first, *this));
+        offsets_.push_back(r.taiMinusUtc);
     }
-    return table;
 }
 
 double LeapSecondTable::taiMinusUtc(i64 year, i64 month, i64 day) const {
@@ -111,6 +88,14 @@ double LeapSecondTable::taiMinusUtc(i64 year, i64 month, i64 day) const {
     if (index >= kDriftingRows) return row.taiMinusUtc;
     const double mjd = toDouble(dayNumber(year, month == 0 ? 1 : month, day)) - 2400000.5;
     return row.taiMinusUtc + (mjd - row.mjdBase) * row.driftPerDay;
+}
+
+const LeapSecondTable& leapSecondTable() {
+    return LeapSecondTable::builtIn();
+}
+
+std::int32_t leapSecondLastUpdated() {
+    return leapSecondTable().lastUpdated();
 }
 
 std::int32_t LeapSecondTable::lastUpdated() const {

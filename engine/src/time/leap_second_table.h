@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -27,10 +26,6 @@ class LeapSecondTable {
     // The table compiled into the engine (last row 2017-01-01).
     static const LeapSecondTable& builtIn();
 
-    // A table from rows in date order; nullopt when the rows are not a usable table
-    // (too few or too many rows, dates out of order or not whole, values not finite).
-    static std::optional<LeapSecondTable> fromRows(std::vector<LeapSecondRow> rows);
-
     // TAI-UTC in seconds for the date as the caller wrote it (not normalised): the row
     // is chosen by 12 * year + month, drifting rows are evaluated at the day's noon.
     double taiMinusUtc(i64 year, i64 month, i64 day) const;
@@ -46,7 +41,8 @@ class LeapSecondTable {
     std::int32_t lastUpdated() const;
 
   private:
-    LeapSecondTable() = default;
+    // Rows in date order, the drifting ones first.
+    explicit LeapSecondTable(std::vector<LeapSecondRow> rows);
 
     std::vector<LeapSecondRow> rows_;
     std::vector<i64> keys_;  // 12 * year + month per row, ascending
@@ -54,15 +50,9 @@ class LeapSecondTable {
     std::vector<double> offsets_;
 };
 
-enum class LeapTableSource {
-    builtIn,   // no external table named
-    external,  // the table named by CDF_LEAPSECONDSTABLE
-    rejected,  // an external table was named but unreadable or malformed: built-in used
-};
-
-// The table all conversions use, chosen once on first use.
+// The table all conversions use: the built-in one. No file or environment variable
+// can replace it.
 const LeapSecondTable& leapSecondTable();
-LeapTableSource leapSecondTableSource();
 
 // YYYYMMDD of the last leap second row of the table in use.
 std::int32_t leapSecondLastUpdated();

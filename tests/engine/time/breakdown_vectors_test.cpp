@@ -1,8 +1,14 @@
 // The breakdown vectors and the leap-second table, bit for bit.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <array>
 #include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
 
 #include "cdf.h"
 #include "time/leap_second_table.h"
@@ -89,7 +95,36 @@ TEST(BreakdownVectors, BuiltInLeapSecondTableMatchesTheListedTable) {
                     table.wholeSecondStarts()[row - et::kDriftingRows]);
         }
     }
+    EXPECT_EQ(table.lastUpdated(), 20170101);
     EXPECT_EQ(m.count(), 0u) << m.summary();
+}
+
+// A table file named by the variable the reference library reads, holding one more leap
+// second, changes nothing: the engine reads no file and no environment variable.
+TEST(BreakdownVectors, LeapSecondTableVariableIsIgnored) {
+    namespace et = cdfgate::engine::time;
+    const auto path = std::filesystem::temp_directory_path() /
+                      ("cdfgate_leap_" + std::to_string(::getpid()) + ".txt");
+    {
+        std::ofstream file(path);
+        file.precision(17);
+        for (const et::LeapSecondRow& r : et::LeapSecondTable::builtIn().rows()) {
+            file << r.year << ' ' << r.month << ' ' << r.day << ' ' << r.taiMinusUtc << ' '
+                 << r.mjdBase << ' ' << r.driftPerDay << '\n';
+        }
+        file << "2030 1 1 38.0 0.0 0.0\n";
+    }
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            setenv("CDF_LEAPSECONDSTABLE", path.c_str(), 1);
+            const long long step =
+                computeTT2000(2030.0, 1.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0) -
+                computeTT2000(2029.0, 12.0, 31.0, 23.0, 59.0, 59.0, 0.0, 0.0, 0.0);
+            std::exit(step == 1000000000 && et::leapSecondLastUpdated() == 20170101 ? 0 : 1);
+        },
+        ::testing::ExitedWithCode(0), "");
+    std::filesystem::remove(path);
 }
 
 }  // namespace

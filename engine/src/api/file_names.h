@@ -11,7 +11,8 @@ namespace cdfgate::engine::api {
 
 // The name without its extension.
 std::string base_name(const std::string& name);
-// The path a new CDF gets; BAD_CDF_NAME when empty or too long.
+// The path a new CDF gets; BAD_CDF_NAME when empty or too long, CDF_CREATE_ERROR
+// when a part of it is longer than the system allows.
 Status path_to_create(const std::string& name, std::string& path);
 // The existing file a name refers to; NO_SUCH_CDF when none.
 Status path_to_open(const std::string& name, std::string& path);

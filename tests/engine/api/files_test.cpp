@@ -66,8 +66,23 @@ TEST_F(Files, CreateRefusesExistingFilesAndBadNames) {
     EXPECT_EQ(read_file(path("jj.cdf")).size(), 4u);
     EXPECT_EQ(CDFcreateCDF(const_cast<char*>(""), &other), BAD_CDF_NAME);
     EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path("nodir/x").c_str()), &other), CDF_CREATE_ERROR);
-    const std::string too_long = path(std::string(600, 'p'));
-    EXPECT_EQ(CDFcreateCDF(const_cast<char*>(too_long.c_str()), &other), BAD_CDF_NAME);
+    const struct {
+        std::string name;
+        CDFstatus status;
+    } long_names[] = {
+        {std::string(512, 'a'), CDF_CREATE_ERROR},  // FL17
+        {std::string(252, 'c'), CDF_CREATE_ERROR},  // FL19: 256 bytes with ".cdf"
+        {std::string(251, 'b'), CDF_OK},            // FL18
+        {std::string(600, 'p') + "/x", CDF_CREATE_ERROR},
+        {std::string(40, 'q') + std::string(480, '/') + "q", BAD_CDF_NAME},  // over 512, parts short
+    };
+    for (const auto& row : long_names) {
+        EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(row.name).c_str()), &other), row.status)
+            << row.name.size();
+        if (row.status == CDF_OK) {
+            EXPECT_EQ(close(other), CDF_OK);
+        }
+    }
     long dims[] = {0};
     EXPECT_EQ(CDFlib(CREATE_, CDF_, path("d").c_str(), 1L, dims, &other, NULL_), BAD_DIM_SIZE);
     EXPECT_EQ(CDFlib(CREATE_, CDF_, path("d").c_str(), 11L, dims, &other, NULL_), BAD_NUM_DIMS);

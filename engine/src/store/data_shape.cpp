@@ -20,6 +20,9 @@ bool multiply(std::int64_t& into, std::int64_t by) {
 
 Status data_shape(const CdfFile& cdf, const Variable& var, DataShape& out) {
     const format::Vdr& vdr = var.vdr;
+    // A type this library does not know (a file opened without validation) is the
+    // caller's refusal, not damage.
+    if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
     DataShape shape;
     shape.data_type = vdr.data_type;
     shape.element_size = encoding::element_size(vdr.data_type);

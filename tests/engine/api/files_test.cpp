@@ -194,6 +194,8 @@ TEST_F(Files, ValidationOffOpensInconsistentFiles) {
     long type = 0;
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_DATATYPE_, &type, NULL_), CDF_OK);
     EXPECT_EQ(type, 99);
+    int value = 0;
+    EXPECT_EQ(CDFlib(GET_, zVAR_DATA_, &value, NULL_), BAD_DATA_TYPE);  // SE101
 }
 
 TEST_F(Files, ChecksumIsWrittenAndVerified) {

@@ -76,37 +76,15 @@ TEST(Tt2000RoundTrip, RandomValuesAcrossTheRange) {
     }
 }
 
-TEST(Tt2000RoundTrip, RangeEndsAreExact) {
-    EXPECT_EQ(encode({1707, 9, 22, 12, 12, 10, 961, 224, 196}), kFirstOrdinary);
-    EXPECT_EQ(decode(kFirstOrdinary), (Parts{1707, 9, 22, 12, 12, 10, 961, 224, 196}));
-    EXPECT_EQ(encode({2292, 4, 11, 11, 46, 7, 670, 775, 807}), kLast);
-    EXPECT_EQ(decode(kLast), (Parts{2292, 4, 11, 11, 46, 7, 670, 775, 807}));
-}
-
-// Around every whole-second row after the first: the last ordinary second, the leap
-// second 23:59:60 and the first second of the new offset, nanosecond by nanosecond at
-// the joins and at random instants inside.
+// Random instants from two seconds before each whole-second row after the first to one
+// second after it: the last ordinary second, the leap second 23:59:60 and the first
+// second of the new offset. (The vectors pin the joins themselves.)
 TEST(Tt2000RoundTrip, ThroughEveryLeapSecond) {
-    const auto rows = et::LeapSecondTable::builtIn().rows();
     const auto starts = et::LeapSecondTable::builtIn().wholeSecondStarts();
     ASSERT_EQ(starts.size(), 28u);
     std::mt19937_64 random(60);
     for (std::size_t i = 1; i < starts.size(); ++i) {
-        const et::LeapSecondRow& row = rows[et::kDriftingRows + i];
-        const int year = row.month == 1 ? int(row.year) - 1 : int(row.year);
-        const int month = row.month == 1 ? 12 : int(row.month) - 1;
-        const double lastDay = daysInMonth(year, month);
         const long long start = starts[i];
-        SCOPED_TRACE(std::to_string(year) + "-" + std::to_string(month));
-
-        EXPECT_EQ(encode({double(year), double(month), lastDay, 23, 59, 60, 0, 0, 0}),
-                  start - 1000000000);
-        EXPECT_EQ(encode({double(year), double(month), lastDay, 23, 59, 59, 999, 999, 999}),
-                  start - 1000000001);
-        EXPECT_EQ(decode(start - 1),
-                  (Parts{double(year), double(month), lastDay, 23, 59, 60, 999, 999, 999}));
-        EXPECT_EQ(decode(start), (Parts{row.year, row.month, 1, 0, 0, 0, 0, 0, 0}));
-
         std::uniform_int_distribution<long long> around(start - 2000000000, start + 1000000000);
         for (int k = 0; k < 2000; ++k) {
             const long long t = around(random);

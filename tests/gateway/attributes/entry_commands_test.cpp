@@ -51,56 +51,41 @@ TEST_F(EntryCommands, TheAttributesScopeDecidesTheEntryKindForBothCommands) {
     EXPECT_EQ(call("getNumAttrEntries", {id(), number(1)}).at(0), Array::scalar(0));
 }
 
-TEST_F(EntryCommands, ReadsOfTheOtherKindAreRefusedByTheLibrary) {
+// A command on attribute `attr`, entry `entry`, and the failure it reports.
+struct EntryFailure {
+    const char* command;
+    double attr;
+    double entry;
+    const char* function;
+    CDFstatus status;
+};
+
+// gEntry 0 of "G" and zEntry 0 of "V" exist. A read fails at its inquiry, before the get.
+constexpr EntryFailure kEntryFailures[] = {
+    {"getAttrEntry", 0, 0, "CDFinquireAttrzEntry", ILLEGAL_FOR_SCOPE},
+    {"getAttrgEntry", 1, 0, "CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE},
+    {"inquireAttrEntry", 0, 0, "CDFinquireAttrzEntry", ILLEGAL_FOR_SCOPE},
+    {"inquireAttrgEntry", 1, 0, "CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE},
+    {"deleteAttrEntry", 0, 0, "CDFdeleteAttrzEntry", ILLEGAL_FOR_SCOPE},
+    {"deleteAttrgEntry", 1, 0, "CDFdeleteAttrgEntry", ILLEGAL_FOR_SCOPE},
+    {"getAttrEntry", 1, 5, "CDFinquireAttrzEntry", NO_SUCH_ENTRY},
+    {"getAttrgEntry", 0, 5, "CDFinquireAttrgEntry", NO_SUCH_ENTRY},
+    {"getAttrgEntry", 9, 0, "CDFinquireAttrgEntry", NO_SUCH_ATTR},
+    {"deleteAttrgEntry", 0, 5, "CDFdeleteAttrgEntry", NO_SUCH_ENTRY},
+    {"deleteAttrEntry", 1, 5, "CDFdeleteAttrzEntry", NO_SUCH_ENTRY},
+};
+
+TEST_F(EntryCommands, LibraryRefusalsNameTheEntryKindsFunction) {
     put("putAttrEntry", 0, 0, CDF_INT4, Array::of<std::int32_t>({1}));
     put("putAttrgEntry", 1, 0, CDF_INT4, Array::of<std::int32_t>({1}));
-    expectHostError([&] { get("getAttrEntry", 0, 0); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrzEntry", ILLEGAL_FOR_SCOPE));
-    expectHostError([&] { get("getAttrgEntry", 1, 0); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE));
-    expectHostError([&] { inquire("inquireAttrEntry", 0, 0); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrzEntry", ILLEGAL_FOR_SCOPE));
-    expectHostError([&] { inquire("inquireAttrgEntry", 1, 0); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrgEntry", ILLEGAL_FOR_SCOPE));
-    expectHostError(
-        [&] {
-            call("deleteAttrEntry", {id(), number(0), number(0)});
-        },
-        cdflibId("libraryFailure"), failure("CDFdeleteAttrzEntry", ILLEGAL_FOR_SCOPE));
-    expectHostError(
-        [&] {
-            call("deleteAttrgEntry", {id(), number(1), number(0)});
-        },
-        cdflibId("libraryFailure"), failure("CDFdeleteAttrgEntry", ILLEGAL_FOR_SCOPE));
-}
-
-TEST_F(EntryCommands, MissingEntriesFailAtTheInquiry) {
-    expectHostError([&] { get("getAttrEntry", 1, 5); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrzEntry", NO_SUCH_ENTRY));
-    expectHostError([&] { get("getAttrgEntry", 0, 5); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrgEntry", NO_SUCH_ENTRY));
-    expectHostError([&] { get("getAttrgEntry", 9, 0); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrgEntry", NO_SUCH_ATTR));
-    expectHostError(
-        [&] {
-            call("deleteAttrgEntry", {id(), number(0), number(5)});
-        },
-        cdflibId("libraryFailure"), failure("CDFdeleteAttrgEntry", NO_SUCH_ENTRY));
-    expectHostError(
-        [&] {
-            call("deleteAttrEntry", {id(), number(1), number(5)});
-        },
-        cdflibId("libraryFailure"), failure("CDFdeleteAttrzEntry", NO_SUCH_ENTRY));
-}
-
-TEST_F(EntryCommands, DeletingAnEntryLeavesTheOthers) {
-    put("putAttrgEntry", 0, 1, CDF_DOUBLE, Array::scalar(1));
-    put("putAttrgEntry", 0, 6, CDF_DOUBLE, Array::scalar(6));
-    call("deleteAttrgEntry", {id(), number(0), number(6)});
-    EXPECT_EQ(call("getAttrMaxgEntry", {id(), number(0)}).at(0), Array::scalar(1));
-    EXPECT_EQ(get("getAttrgEntry", 0, 1), Array::scalar(1));
-    expectHostError([&] { get("getAttrgEntry", 0, 6); }, cdflibId("libraryFailure"),
-                    failure("CDFinquireAttrgEntry", NO_SUCH_ENTRY));
+    for (const EntryFailure& row : kEntryFailures) {
+        SCOPED_TRACE(std::string(row.command) + " reported as " + row.function);
+        expectHostError(
+            [&] {
+                call(row.command, {id(), number(row.attr), number(row.entry)}, 2);
+            },
+            cdflibId("libraryFailure"), failure(row.function, row.status));
+    }
 }
 
 TEST_F(EntryCommands, ValueOfTheWrongClassIsRefusedWithBothNames) {

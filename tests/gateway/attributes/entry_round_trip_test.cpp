@@ -97,21 +97,6 @@ TEST_F(EntryRoundTrip, EveryDatatypeAsAZEntry) {
     EXPECT_EQ(call("getNumAttrEntries", {id(), Array::scalar(1)}).at(0), Array::scalar(1));
 }
 
-TEST_F(EntryRoundTrip, ValuesSurviveClosingAndReopening) {
-    for (const DatatypeCase& row : kDatatypes) {
-        call("putAttrgEntry", {id(), Array::scalar(0), Array::scalar(static_cast<double>(row.code)),
-                               Array::scalar(static_cast<double>(row.code)), row.value()});
-    }
-    ASSERT_NO_THROW(cdf_.close());
-    ASSERT_NO_THROW(cdf_.open(path_.path()));
-    for (const DatatypeCase& row : kDatatypes) {
-        SCOPED_TRACE(row.lowerName);
-        const double entry = static_cast<double>(row.code);
-        EXPECT_EQ(call("getAttrgEntry", {id(), Array::scalar(0), Array::scalar(entry)}).at(0),
-                  row.value());
-    }
-}
-
 TEST_F(EntryRoundTrip, AMatrixValueComesBackAsOneRow) {
     call("putAttrgEntry", {id(), Array::scalar(0), Array::scalar(0), Array::scalar(CDF_INT2),
                            Array::of<std::int16_t>({1, 2, 3, 4, 5, 6}, {2, 3})});

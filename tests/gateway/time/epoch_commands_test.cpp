@@ -1,5 +1,6 @@
 // "computeEpoch", "computeEpoch16", "epochBreakdown" and "epoch16Breakdown" on the
-// built-in host: check order, shapes, truncation, and the library's results.
+// built-in host: shapes, truncation and the library's results; and the refusals of
+// all six time commands.
 #include <array>
 #include <cmath>
 #include <limits>
@@ -15,6 +16,7 @@ using embedded::call;
 using Dims = std::vector<std::size_t>;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
 
 Array doubles(std::vector<double> values, Dims dims = {}) {
     return Array::of<double>(std::span<const double>(values), std::move(dims));
@@ -132,10 +134,46 @@ std::vector<RefusalCase> refusalCases() {
          Array::of<std::int8_t>({1, 2}),
          validateId("argumentNotDoublePrecision"),
          {std::string("EPOCH16TIME")}},
+        {"tt2000 count before class",
+         "computeTT2000",
+         Array::of<std::int8_t>({1, 2}),
+         cdflibId("badTimeVector"),
+         {std::int64_t{9}}},
+        {"tt2000 count",
+         "computeTT2000",
+         doubles(std::vector<double>(10, 1.0)),
+         cdflibId("badTimeVector"),
+         {std::int64_t{9}}},
+        {"tt2000 class",
+         "computeTT2000",
+         Array::of<std::int64_t>({2000, 1, 1, 0, 0, 0, 0, 0, 0}),
+         cdflibId("badTimeVector"),
+         {std::int64_t{9}}},
+        {"tt2000 breakdown of double",
+         "breakdownTT2000",
+         Array::scalar(0),
+         validateId("argumentNotInt64Scalar"),
+         {std::string("TT2000TIME")}},
+        {"tt2000 breakdown of uint64",
+         "breakdownTT2000",
+         Array::of<std::uint64_t>({0}),
+         validateId("argumentNotInt64Scalar"),
+         {std::string("TT2000TIME")}},
+        // The two values above the pad code, wherever they stand.
+        {"tt2000 breakdown of min plus 2",
+         "breakdownTT2000",
+         Array::of<std::int64_t>({0, kMin + 2, 5}),
+         cdflibId("outOfRangeTT2000Value"),
+         {}},
+        {"tt2000 breakdown of min plus 3",
+         "breakdownTT2000",
+         Array::of<std::int64_t>({0, kMin + 3, 5}),
+         cdflibId("outOfRangeTT2000Value"),
+         {}},
     };
 }
 
-INSTANTIATE_TEST_SUITE_P(Epoch, TimeCommandRefusals, ::testing::ValuesIn(refusalCases()),
+INSTANTIATE_TEST_SUITE_P(Time, TimeCommandRefusals, ::testing::ValuesIn(refusalCases()),
                          [](const auto& info) {
                              std::string name = info.param.name;
                              for (char& ch : name) {

@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <string>
 
 #include "array_storage.h"
 
@@ -10,16 +11,41 @@ std::span<const char16_t> units(const hvArray* array) {
     return {reinterpret_cast<const char16_t*>(array->bytes.get()), array->count};
 }
 
+// A unit that is one byte of text: ASCII, Latin-1, or a byte that matrix::create
+// sign-extended (0xFF80 to 0xFFFF).
+bool isByteUnit(char16_t unit) {
+    return unit < 0x100 || unit >= 0xFF80;
+}
+
+// Any other unit becomes its UTF-8 form (a surrogate half on its own), every byte of
+// which is above 127, so that no character outside ASCII can turn into an ASCII one.
+void appendWide(std::string& out, char16_t unit) {
+    if (unit < 0x800) {
+        out += static_cast<char>(0xC0 | (unit >> 6));
+    } else {
+        out += static_cast<char>(0xE0 | (unit >> 12));
+        out += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+    }
+    out += static_cast<char>(0x80 | (unit & 0x3F));
+}
+
 }  // namespace
 
-// Units are narrowed to their low byte, which undoes the sign extension of
+// Byte units are narrowed to their low byte, which undoes the sign extension of
 // matrix::create; the text ends at the first NUL unit, as a C string must.
 char* hvArrayToString(const hvArray* array) {
     if (array->classId != hvCHAR_CLASS) return nullptr;
-    const std::span<const char16_t> text = units(array);
+    std::string text;
+    text.reserve(array->count);
+    for (const char16_t unit : units(array)) {
+        if (isByteUnit(unit)) {
+            text += static_cast<char>(unit & 0xFF);
+        } else {
+            appendWide(text, unit);
+        }
+    }
     auto* copy = static_cast<char*>(hvMalloc(text.size() + 1));
-    for (std::size_t i = 0; i < text.size(); ++i) copy[i] = static_cast<char>(text[i] & 0xFF);
-    copy[text.size()] = '\0';
+    std::memcpy(copy, text.c_str(), text.size() + 1);
     return copy;
 }
 

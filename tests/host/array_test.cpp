@@ -116,13 +116,19 @@ TEST(HostText, CreateMakesARowOfSignExtendedUnits) {
     EXPECT_EQ(Array(matrix::create(nullptr, 0)).dims(), (Dims{1, 0}));
 }
 
-TEST(HostText, ArrayToStringNarrowsUnitsAndStopsAtNul) {
+TEST(HostText, ArrayToStringNarrowsByteUnitsAndStopsAtNul) {
     const Array text = Array::text(u"ab\u00e9\uFF80c");
     const std::unique_ptr<char, decltype(&hvFree)> copy(hvArrayToString(text.get()), hvFree);
     ASSERT_NE(copy, nullptr);
     EXPECT_STREQ(copy.get(),
                  "ab\xe9\x80"
                  "c");
+    // A wider unit never narrows to an ASCII byte ("\u016Fpen" must not read as "open").
+    const Array wide = Array::text(u"\u016Fpen\u4E2D");
+    const std::unique_ptr<char, decltype(&hvFree)> wideCopy(hvArrayToString(wide.get()), hvFree);
+    EXPECT_STREQ(wideCopy.get(),
+                 "\xC5\xAF"
+                 "pen\xE4\xB8\xAD");
     const Array withNul = Array::text(std::string_view("ab\0cd", 5));
     const std::unique_ptr<char, decltype(&hvFree)> cut(hvArrayToString(withNul.get()), hvFree);
     EXPECT_STREQ(cut.get(), "ab");

@@ -26,6 +26,15 @@ TEST(VariableHousekeeping, NamesAreReadChangedAndLookedUp) {
             call("getVarNum", {file.id(), Array::text("Var")});
         },
         cdflibId("libraryFailure"), {std::string("CDFclosezVar"), statusText(NO_SUCH_VAR)});
+    // A negative warning fails the command although the library did the work.
+    const std::string longName(CDF_VAR_NAME_LEN256 + 4, 'L');
+    expectHostError(
+        [&] {
+            call("renameVar", {file.id(), number(0), Array::text(longName)}, 0);
+        },
+        cdflibId("libraryFailure"), {std::string("CDFrenamezVar"), statusText(VAR_NAME_TRUNC)});
+    EXPECT_EQ(call1("getVarName", {file.id(), number(0)}).text(),
+              longName.substr(0, CDF_VAR_NAME_LEN256));
     file.close();
 }
 

@@ -1,12 +1,13 @@
 #include "store/cdf_file.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "encoding/encodings.h"
 #include "store/file_notice.h"
-#include "time/leap_second_table.h"
 #include "store/variable_data.h"
+#include "time/leap_second_table.h"
 
 namespace cdfgate::engine::store {
 
@@ -50,6 +51,11 @@ Status CdfFile::create(const std::string& path, const CreateOptions& options,
 }
 
 Status CdfFile::read_record(std::int64_t offset, std::vector<std::uint8_t>& out) const {
+    return read_record_start(offset, std::numeric_limits<std::size_t>::max(), out);
+}
+
+Status CdfFile::read_record_start(std::int64_t offset, std::size_t limit,
+                                  std::vector<std::uint8_t>& out) const {
     const auto file_size = static_cast<std::int64_t>(file_.size());
     const auto header = static_cast<std::int64_t>(layout_.header_size());
     if (offset < 8) return corrupted_status();
@@ -59,7 +65,7 @@ Status CdfFile::read_record(std::int64_t offset, std::vector<std::uint8_t>& out)
     format::RecordHeader h;
     if (!format::parse_header(head, layout_, h) || h.size < header) return corrupted_status();
     if (h.size > file_size - offset) return CDF_READ_ERROR;
-    out.resize(static_cast<std::size_t>(h.size));
+    out.resize(std::min(static_cast<std::size_t>(h.size), std::max(limit, head.size())));
     return file_.read(static_cast<std::uint64_t>(offset), out);
 }
 

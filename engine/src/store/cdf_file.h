@@ -99,6 +99,10 @@ class CdfFile {
 
     // Reads one whole record at offset, checking that it lies inside the file.
     Status read_record(std::int64_t offset, std::vector<std::uint8_t>& out) const;
+    // The same, but only its first `limit` bytes: for records whose size is not bounded
+    // by their contents (unused space).
+    Status read_record_start(std::int64_t offset, std::size_t limit,
+                             std::vector<std::uint8_t>& out) const;
 
   private:
     CdfFile() = default;

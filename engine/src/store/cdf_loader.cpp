@@ -1,5 +1,6 @@
 // Reading an existing file's metadata into memory. Every offset and size comes
 // from the file and is checked before use; lists are walked with a visit limit.
+#include <limits>
 #include <set>
 
 #include "codec/dispatch.h"
@@ -13,8 +14,10 @@ namespace cdfgate::engine::store {
 namespace {
 
 // Follows a linked list of records from head, calling visit(offset, bytes) for each.
+// Reads at most `read_limit` bytes of each record.
 template <typename Visit>
-Status walk_list(const CdfFile& cdf, std::int64_t head, Visit&& visit) {
+Status walk_list(const CdfFile& cdf, std::int64_t head, Visit&& visit,
+                 std::size_t read_limit = std::numeric_limits<std::size_t>::max()) {
     std::set<std::int64_t> seen;
     const std::int64_t limit = static_cast<std::int64_t>(cdf.file().size() / 8) + 1;
     std::vector<std::uint8_t> bytes;
@@ -22,7 +25,7 @@ Status walk_list(const CdfFile& cdf, std::int64_t head, Visit&& visit) {
         if (!seen.insert(offset).second || static_cast<std::int64_t>(seen.size()) > limit) {
             return cdf.corrupted_status();
         }
-        CDFGATE_TRY(cdf.read_record(offset, bytes));
+        CDFGATE_TRY(cdf.read_record_start(offset, read_limit, bytes));
         std::int64_t next = 0;
         CDFGATE_TRY(visit(offset, bytes, next));
         offset = next;
@@ -149,14 +152,20 @@ Status CdfFile::load(bool validate) {
         return corrupted;
     }
 
-    CDFGATE_TRY(walk_list(*this, gdr_.uir_head,
-                          [&](std::int64_t offset, const auto& rec, std::int64_t& next) -> Status {
-                              format::Uir uir;
-                              if (!format::parse_uir(rec, layout_, uir)) return corrupted;
-                              space_.release(offset, static_cast<std::int64_t>(rec.size()));
-                              next = uir.next;
-                              return kOk;
-                          }));
+    // Unused records can be as large as the file: only their links are read.
+    CDFGATE_TRY(walk_list(
+        *this, gdr_.uir_head,
+        [&](std::int64_t offset, const auto& rec, std::int64_t& next) -> Status {
+            format::RecordHeader h;
+            format::Uir uir;
+            if (!format::parse_header(rec, layout_, h) || !format::parse_uir(rec, layout_, uir)) {
+                return corrupted;
+            }
+            space_.release(offset, h.size);
+            next = uir.next;
+            return kOk;
+        },
+        static_cast<std::size_t>(format::uir_min_size(layout_))));
 
     if (layout_.v3 && m2 == format::kMagicUncompressed && (cdr_.flags & format::kCdrChecksum) &&
         (cdr_.flags & format::kCdrMd5)) {

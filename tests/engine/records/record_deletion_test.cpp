@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <numeric>
 #include <string>
@@ -166,6 +167,46 @@ TEST_F(RecordDeletion, MultiFileCdfsDeleteNothing) {
     ASSERT_EQ(put(v, 0, iota(0, 3)), CDF_OK);
     EXPECT_EQ(CDFlib(DELETE_, zVAR_RECORDS_, 0L, 0L, NULL_), MULTI_FILE_FORMAT);
     EXPECT_EQ(get(v, 0, 3, CDF_OK), iota(0, 3));
+}
+
+// Space freed by deleting records becomes one unused record that may be far larger
+// than memory; reopening reads only its links. Built here as a sparse file.
+TEST_F(RecordDeletion, UnusedSpaceLargerThanMemoryIsNotReadWhole) {
+    ASSERT_EQ(CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_), CDF_OK);
+    id_ = nullptr;
+    const std::string file = path("d.cdf");
+    std::vector<std::uint8_t> bytes(fs::file_size(file));
+    {
+        std::FILE* f = std::fopen(file.c_str(), "rb");
+        ASSERT_NE(f, nullptr);
+        ASSERT_EQ(std::fread(bytes.data(), 1, bytes.size(), f), bytes.size());
+        std::fclose(f);
+    }
+    const auto put_be = [&](std::size_t at, std::uint64_t value, int width) {
+        if (bytes.size() < at + width) bytes.resize(at + width);
+        for (int i = 0; i < width; ++i)
+            bytes[at + i] = static_cast<std::uint8_t>(value >> (8 * (width - 1 - i)));
+    };
+    const std::uint64_t uir = bytes.size();
+    const std::uint64_t size = std::uint64_t{1} << 40;
+    const std::size_t gdr = 320;
+    put_be(gdr + 36, uir + size, 8);  // eof
+    put_be(gdr + 64, uir, 8);         // UIRhead
+    put_be(uir, size, 8);
+    put_be(uir + 8, 0xFFFFFFFF, 4);  // RecordType -1
+    put_be(uir + 12, 0, 8);
+    put_be(uir + 20, 0, 8);
+    {
+        std::FILE* f = std::fopen(file.c_str(), "wb");
+        ASSERT_NE(f, nullptr);
+        ASSERT_EQ(std::fwrite(bytes.data(), 1, bytes.size(), f), bytes.size());
+        std::fclose(f);
+    }
+    fs::resize_file(file, uir + size);
+    ASSERT_EQ(CDFlib(OPEN_, CDF_, path("d").c_str(), &id_, NULL_), CDF_OK);
+    long vars = -1;
+    EXPECT_EQ(CDFlib(GET_, CDF_NUMzVARS_, &vars, NULL_), CDF_OK);
+    EXPECT_EQ(vars, 0);
 }
 
 }  // namespace

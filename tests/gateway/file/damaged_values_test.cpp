@@ -68,17 +68,32 @@ TEST(DamagedValues, UnexpectedVariableParameterIsShownAsANumberWithAWarning) {
     }
 }
 
-TEST(DamagedValues, UnknownCompressionTypeIsRefusedByName) {
-    const ScratchDirectory scratch;
-    const std::string path = copyShared(scratch, {"compression/var_gzip6.cdf"});
-    patchField(path, kFirstCpr + kCprType, 4);
-    const GatewayFile file = openUnvalidated(path);
-    expectHostError(
-        [&] {
-            call("getVarCompression", {file.id(), number(0)}, 3);
-        },
-        cdflibId("unrecognizedValue"), {std::int64_t{4}, std::string("COMPRESSION")});
-    file.close();
+TEST(DamagedValues, ValuesWithoutANameAreRefusedWithTheGettersLabel) {
+    constexpr std::streamoff kFirstVdrSparseRecords = 0x1c4;
+    const struct {
+        const char* file;
+        std::streamoff offset;
+        std::uint32_t value;
+        const char* command;
+        const char* label;
+    } cases[] = {
+        {"compression/var_gzip6.cdf", kFirstCpr + kCprType, 4, "getVarCompression", "COMPRESSION"},
+        {"format/zvar_int4_row.cdf", kFirstVdrSparseRecords, 7, "getVarSparseRecords",
+         "SPARSE RECORDS TYPE"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.command);
+        const ScratchDirectory scratch;
+        const std::string path = copyShared(scratch, {c.file});
+        patchField(path, c.offset, c.value);
+        const GatewayFile file = openUnvalidated(path);
+        expectHostError(
+            [&] {
+                call(c.command, {file.id(), number(0)}, 3);
+            },
+            cdflibId("unrecognizedValue"), {std::int64_t{c.value}, std::string(c.label)});
+        file.close();
+    }
 }
 
 }  // namespace

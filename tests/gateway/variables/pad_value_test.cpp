@@ -13,42 +13,21 @@ void setPad(const ScratchCdf& cdf, double varNum, Array value) {
     embedded::call("setVarPadValue", {cdf.id(), Array::scalar(varNum), std::move(value)}, 0);
 }
 
-TEST(PadValue, EveryDatatypeRoundTripsAsOneValueColumn) {
-    for (const long majority : {ROW_MAJOR, COLUMN_MAJOR}) {
-        ScratchCdf cdf(majority);
-        for (const DatatypeSample& sample : datatypeSamples()) {
-            SCOPED_TRACE(sample.name);
-            const double varNum =
-                cdf.createVar(sample.name, sample.datatype, sample.numElements, {3, 2});
-            const Array value = sample.values(1);
-            setPad(cdf, varNum, value);
-            const Array pad = getPad(cdf, varNum);
-            EXPECT_EQ(pad, reshaped(value, {value.numel(), 1}));
-        }
-    }
-}
-
-TEST(PadValue, ShapesFollowTheDatatype) {
+// A pad value is one value whatever the file's majority, so one majority serves.
+TEST(PadValue, EveryDatatypeIsOneValueColumnBeforeAndAfterItIsSet) {
     ScratchCdf cdf(ROW_MAJOR);
-    const double epoch16 = cdf.createVar("e16", CDF_EPOCH16, 1, {3});
-    const double tt2000 = cdf.createVar("tt", CDF_TIME_TT2000, 1);
-    const double text = cdf.createVar("txt", CDF_CHAR, 4, {2, 2});
-    const Array epoch16Pad = getPad(cdf, epoch16);
-    EXPECT_EQ(epoch16Pad.classId(), hvDOUBLE_CLASS);
-    EXPECT_EQ(epoch16Pad.dims(), (std::vector<std::size_t>{2, 1}));
-    const Array tt2000Pad = getPad(cdf, tt2000);
-    EXPECT_EQ(tt2000Pad.classId(), hvINT64_CLASS);
-    EXPECT_EQ(tt2000Pad.dims(), (std::vector<std::size_t>{1, 1}));
-    const Array textPad = getPad(cdf, text);
-    EXPECT_EQ(textPad.classId(), hvCHAR_CLASS);
-    EXPECT_EQ(textPad.dims(), (std::vector<std::size_t>{4, 1}));
-}
-
-TEST(PadValue, TextBytesAboveAsciiReadBackSignExtended) {
-    ScratchCdf cdf(COLUMN_MAJOR);
-    const double varNum = cdf.createVar("txt", CDF_UCHAR, 2);
-    setPad(cdf, varNum, Array::text("\xE9z"));
-    EXPECT_EQ(getPad(cdf, varNum).utext(), (std::u16string{0xFFE9, u'z'}));
+    for (const DatatypeSample& sample : datatypeSamples()) {
+        SCOPED_TRACE(sample.name);
+        const double varNum =
+            cdf.createVar(sample.name, sample.datatype, sample.numElements, {3, 2});
+        const Array value = sample.values(1);
+        const std::vector<std::size_t> column{value.numel(), 1};
+        const Array initial = getPad(cdf, varNum);
+        EXPECT_EQ(initial.classId(), value.classId());
+        EXPECT_EQ(initial.dims(), column);
+        setPad(cdf, varNum, value);
+        EXPECT_EQ(getPad(cdf, varNum), reshaped(value, column));
+    }
 }
 
 TEST(PadValue, SetChecksClassBeforeCount) {
@@ -59,6 +38,7 @@ TEST(PadValue, SetChecksClassBeforeCount) {
     const auto set = [&](double varNum, Array value) {
         return [&cdf, varNum, value] { setPad(cdf, varNum, value); };
     };
+    const Array before = getPad(cdf, text);
     expectHostError(set(int1, Array::scalar(-1)), cdflibId("datatypeMismatch"),
                     {std::string("CDF_INT1"), std::string("double")});
     expectHostError(set(int1, Array::of<double>({1, 2})), cdflibId("datatypeMismatch"),
@@ -70,10 +50,9 @@ TEST(PadValue, SetChecksClassBeforeCount) {
                     {std::string("txt"), std::int64_t{4}});
     expectHostError(set(epoch16, Array::scalar(1)), cdflibId("wrongNumberOfPadValueElements"),
                     {std::string("e16"), std::int64_t{2}});
-    // A refused value changed nothing.
-    const Array before = getPad(cdf, text);
+    // The refused values changed nothing; a four-character text is taken.
+    EXPECT_EQ(getPad(cdf, text), before);
     setPad(cdf, text, Array::text("abcd"));
-    EXPECT_NE(getPad(cdf, text), before);
     EXPECT_EQ(getPad(cdf, text), reshaped(Array::text("abcd"), {4, 1}));
 }
 

@@ -10,14 +10,6 @@ namespace {
 using Dims = std::vector<std::size_t>;
 using Longs = std::vector<long>;
 
-TEST(MajorityHelpers, ReverseOnlyForRowMajorFiles) {
-    Longs indices{1, 2, 3};
-    cdfgate::gateway::reverseForMajority(indices, COLUMN_MAJOR);
-    EXPECT_EQ(indices, (Longs{1, 2, 3}));
-    cdfgate::gateway::reverseForMajority(indices, ROW_MAJOR);
-    EXPECT_EQ(indices, (Longs{3, 2, 1}));
-}
-
 TEST(MajorityHelpers, ProductRefusesOverflowAndNegativeExtents) {
     const Dims fits{1u << 20, 1u << 20, 3};
     EXPECT_EQ(cdfgate::gateway::checkedProduct(fits), 3ull << 40);

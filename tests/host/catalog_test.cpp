@@ -109,23 +109,6 @@ TEST(FormatMessage, FillsEveryArgumentInOrder) {
     EXPECT_EQ(text.find("{}"), std::string::npos);
 }
 
-TEST(FormatMessage, WritesIntegersInDecimal) {
-    struct Case {
-        std::int64_t value;
-        const char* decimal;
-    };
-    const Case cases[] = {{0, "0"},
-                          {-1, "-1"},
-                          {4294967296, "4294967296"},
-                          {INT64_MIN, "-9223372036854775808"},
-                          {INT64_MAX, "9223372036854775807"}};
-    for (const auto& c : cases) {
-        const std::string text = cdfgate::host::formatMessage(
-            "QUORIN:imagesci:cdflib:badTimeVector", {std::int64_t{c.value}});
-        EXPECT_NE(text.find(c.decimal), std::string::npos) << text;
-    }
-}
-
 TEST(FormatMessage, EmptyStringArgumentLeavesNoPlaceholder) {
     const std::string id = "QUORIN:imagesci:cdflib:invalidOperation";
     std::string expected(*cdfgate::host::messageTemplate(id));

@@ -156,23 +156,12 @@ TEST_F(EntryCommands, EmptyValuesReachTheLibraryWithACountOfZero) {
                     cdflibId("libraryFailure"), failure("CDFputAttrgEntry", BAD_NUM_ELEMS));
 }
 
-TEST_F(EntryCommands, Epoch16ValuesAreTakenTwoDoublesAtATime) {
-    put("putAttrgEntry", 0, 0, CDF_EPOCH16, Array::of<double>({1, 2, 3, 4, 5, 6}, {2, 3}));
-    EXPECT_EQ(inquire("inquireAttrgEntry", 0, 0).at(1), Array::scalar(3));
-    EXPECT_EQ(get("getAttrgEntry", 0, 0), Array::of<double>({1, 2, 3, 4, 5, 6}, {2, 3}));
-
-    // An odd last double is left out.
+// Whole EPOCH16 values and character text round-trip in the datatype table of the
+// round-trip suite; here, what is cut.
+TEST_F(EntryCommands, AnOddLastEpoch16DoubleIsLeftOut) {
     put("putAttrgEntry", 0, 1, CDF_EPOCH16, Array::of<double>({1, 2, 3, 4, 5}));
     EXPECT_EQ(inquire("inquireAttrgEntry", 0, 1).at(1), Array::scalar(2));
     EXPECT_EQ(get("getAttrgEntry", 0, 1), Array::of<double>({1, 2, 3, 4}, {2, 2}));
-}
-
-TEST_F(EntryCommands, CharacterValuesAreWrittenAsTheirText) {
-    put("putAttrgEntry", 0, 0, CDF_CHAR, Array::text("abc"));
-    const std::vector<Array> described = inquire("inquireAttrgEntry", 0, 0);
-    EXPECT_EQ(described.at(0), Array::text("cdf_char"));
-    EXPECT_EQ(described.at(1), Array::scalar(3));
-    EXPECT_EQ(get("getAttrgEntry", 0, 0), Array::text("abc"));
 }
 
 TEST_F(EntryCommands, UnsignedCharacterValuesKeepTheLowByteOfEachUnit) {

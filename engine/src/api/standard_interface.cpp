@@ -60,7 +60,9 @@ extern "C" long CDFgetVarNum(CDFid id, char* varName) {
             namespace api = cdfgate::engine::api;
             const CDFstatus status = CDFlib(SELECT_, CDF_, id, NULL_);
             if (status < CDF_WARN) return status;
-            api::OpenCdf& cdf = *api::library_state().current_cdf();
+            api::OpenCdf* const current = api::library_state().current_cdf();
+            if (current == nullptr) return NO_CDF_SELECTED;  // a null id selects none
+            api::OpenCdf& cdf = *current;
             if (varName == nullptr) return NO_SUCH_VAR;
             // In zMode 0 an rVariable of that name wins; numbers count within a kind.
             if (cdf.zmode == zMODEoff) {
@@ -178,7 +180,9 @@ CDFstatus record_data(CDFid id, int zVar, long varNum, long recNum, void* buffer
     namespace api = cdfgate::engine::api;
     CDFstatus status = CDFlib(SELECT_, CDF_, id, NULL_);
     if (status < CDF_WARN) return status;
-    api::OpenCdf& cdf = *api::library_state().current_cdf();
+    api::OpenCdf* const current = api::library_state().current_cdf();
+    if (current == nullptr) return NO_CDF_SELECTED;  // a null id selects none
+    api::OpenCdf& cdf = *current;
     const long saved_mode = cdf.zmode;
     long view_number = varNum;
     if (zVar == 0 && saved_mode == zMODEoff) {

@@ -157,6 +157,11 @@ TEST_F(Files, CloseAndDeleteNeedACurrentCdfAndEndTheId) {
     EXPECT_EQ(CDFlib(GET_, CDF_FORMAT_, &format, NULL_), NO_CDF_SELECTED);
     EXPECT_EQ(CDFlib(CLOSE_, CDF_, NULL_), NO_CDF_SELECTED);
     EXPECT_EQ(CDFlib(DELETE_, CDF_, NULL_), NO_CDF_SELECTED);
+    char name[] = "v";
+    int buffer[1] = {};
+    EXPECT_EQ(CDFgetVarNum(nullptr, name), NO_CDF_SELECTED);
+    EXPECT_EQ(CDFgetVarRecordData(nullptr, 1, 0, 0, buffer), NO_CDF_SELECTED);
+    EXPECT_EQ(CDFputVarRecordData(nullptr, 1, 0, 0, buffer), NO_CDF_SELECTED);
 
     CDFid id = create("gone");
     ASSERT_EQ(close(id), CDF_OK);

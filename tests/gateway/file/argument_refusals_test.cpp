@@ -123,72 +123,8 @@ TEST(FileCommandArguments, EachBadArgumentIsRefusedBeforeTheLibraryIsCalled) {
     }
 }
 
-struct Command {
-    const char* name;
-    int argumentCount;
-};
-
-constexpr Command kFileCommands[] = {
-    {"close", 1},
-    {"delete", 1},
-    {"getCacheSize", 1},
-    {"setCacheSize", 2},
-    {"getCompressionCacheSize", 1},
-    {"setCompressionCacheSize", 2},
-    {"getStageCacheSize", 1},
-    {"setStageCacheSize", 2},
-    {"setVarsCacheSize", 2},
-    {"getFormat", 1},
-    {"setFormat", 2},
-    {"getMajority", 1},
-    {"setMajority", 2},
-    {"getChecksum", 1},
-    {"setChecksum", 2},
-    {"getReadOnlyMode", 1},
-    {"setReadOnlyMode", 2},
-    {"getVersion", 1},
-    {"getCopyright", 1},
-    {"getName", 1},
-    {"getVarsMaxWrittenRecNum", 1},
-    {"inquire", 1},
-    {"getCompression", 1},
-    {"setCompression", 2},
-    {"getVarCompression", 2},
-    {"setVarCompression", 3},
-    {"closeVar", 2},
-    {"deleteVar", 2},
-    {"deleteVarRecords", 4},
-    {"getVarName", 2},
-    {"getVarNum", 2},
-    {"renameVar", 3},
-    {"getVarAllocRecords", 2},
-    {"getVarBlockingFactor", 2},
-    {"getVarReservePercent", 2},
-    {"getVarMaxAllocRecNum", 2},
-    {"getVarMaxWrittenRecNum", 2},
-    {"getVarNumRecsWritten", 2},
-    {"getVarSparseRecords", 2},
-    {"setVarAllocBlockRecords", 4},
-    {"setVarBlockingFactor", 3},
-    {"setVarInitialRecs", 3},
-    {"setVarReservePercent", 3},
-    {"setVarSparseRecords", 3},
-    {"getVarCacheSize", 2},
-    {"setVarCacheSize", 3},
-};
-
-TEST(FileCommandArguments, EveryFileCommandChecksItsIdentifierFirst) {
-    for (const Command& command : kFileCommands) {
-        SCOPED_TRACE(command.name);
-        // Every later argument is bad too: the identifier must be the one reported.
-        const std::vector<Array> rest(command.argumentCount - 1, Array::of<bool>({true}));
-        expectHostError([&] { call(command.name, withId(number(UnissuedHandle::kValue), rest)); },
-                        validateId("argumentNotUint64Scalar"), {std::string("CDFID")});
-        expectHostError([&] { call(command.name, withId(Array::uint64(0x7ead), rest)); },
-                        cdflibId("invalidFileId"));
-    }
-}
-
+// Every file-family command, with acceptable arguments after the identifier and the
+// function name it reports when the library refuses the call.
 struct LibraryRefusal {
     const char* command;
     std::vector<Array> rest;
@@ -253,6 +189,19 @@ std::vector<LibraryRefusal> libraryRefusals() {
         {"close", none, "CDFcloseCDF"},
         {"delete", none, "CDFdelete"},
     };
+}
+
+TEST(FileCommandArguments, EveryFileCommandChecksItsIdentifierFirst) {
+    for (const LibraryRefusal& command : libraryRefusals()) {
+        SCOPED_TRACE(command.command);
+        // Every later argument is bad too: the identifier must be the one reported.
+        const std::vector<Array> rest(command.rest.size(), Array::of<bool>({true}));
+        expectHostError(
+            [&] { call(command.command, withId(number(UnissuedHandle::kValue), rest)); },
+            validateId("argumentNotUint64Scalar"), {std::string("CDFID")});
+        expectHostError([&] { call(command.command, withId(Array::uint64(0x7ead), rest)); },
+                        cdflibId("invalidFileId"));
+    }
 }
 
 TEST(FileCommandArguments, EachCommandReportsItsOwnFunctionNameWhenTheLibraryRefuses) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "cdf_fixture.h"
 
@@ -189,37 +190,35 @@ TEST_F(Settings, VariableSettingsBeforeAnyRecord) {
 
 TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
     create("p");
+    // PV01 to PV15: the default pad of each type, in host (little-endian) byte order.
     const struct {
         long type;
-        long long expected;
-    } rows[] = {{CDF_INT1, -127}, {CDF_INT2, -32767}, {CDF_INT4, -2147483647},
-                {CDF_UINT1, 254}, {CDF_UINT2, 65534}, {CDF_UINT4, 4294967294LL}};
+        std::vector<unsigned char> bytes;
+    } rows[] = {
+        {CDF_INT1, {0x81}},
+        {CDF_INT2, {0x01, 0x80}},
+        {CDF_INT4, {0x01, 0, 0, 0x80}},
+        {CDF_INT8, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
+        {CDF_UINT1, {0xfe}},
+        {CDF_UINT2, {0xfe, 0xff}},
+        {CDF_UINT4, {0xfe, 0xff, 0xff, 0xff}},
+        {CDF_REAL4, {0xca, 0xf2, 0x49, 0xf1}},
+        {CDF_REAL8, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}},
+        {CDF_EPOCH, std::vector<unsigned char>(8, 0)},
+        {CDF_EPOCH16, std::vector<unsigned char>(16, 0)},
+        {CDF_TIME_TT2000, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
+        {CDF_BYTE, {0x81}},
+        {CDF_FLOAT, {0xca, 0xf2, 0x49, 0xf1}},
+        {CDF_DOUBLE, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}},
+    };
     for (const auto& row : rows) {
         create_zvar(("v" + std::to_string(row.type)).c_str(), row.type, 1);
-        long long raw = 0;
-        ASSERT_EQ(CDFlib(GET_, zVAR_PADVALUE_, &raw, CONFIRM_, zVAR_PADVALUE_, NULL_), CDF_OK);
-        long long value = 0;
-        switch (row.type) {
-            case CDF_INT1:
-                value = static_cast<signed char>(raw);
-                break;
-            case CDF_INT2:
-                value = static_cast<short>(raw);
-                break;
-            case CDF_INT4:
-                value = static_cast<int>(raw);
-                break;
-            case CDF_UINT1:
-                value = static_cast<unsigned char>(raw);
-                break;
-            case CDF_UINT2:
-                value = static_cast<unsigned short>(raw);
-                break;
-            default:
-                value = static_cast<unsigned int>(raw);
-                break;
-        }
-        EXPECT_EQ(value, row.expected) << row.type;
+        std::vector<unsigned char> pad(row.bytes.size() + 1, 0x99);
+        ASSERT_EQ(CDFlib(GET_, zVAR_PADVALUE_, pad.data(), CONFIRM_, zVAR_PADVALUE_, NULL_), CDF_OK)
+            << row.type;
+        EXPECT_EQ(pad.back(), 0x99) << row.type;  // one value, nothing more
+        pad.pop_back();
+        EXPECT_EQ(pad, row.bytes) << row.type;
     }
     create_zvar("c", CDF_CHAR, 4);
     char pad[5] = "####";

@@ -63,7 +63,13 @@ CDFstatus run(long first, va_list* ap) {
             op = next;
             continue;
         }
-        if (!combined.add(dispatch(op, next, call))) break;
+        CDFstatus status = CDF_OK;
+        try {
+            status = dispatch(op, next, call);
+        } catch (const MissingArgument&) {
+            status = BAD_ARGUMENT;
+        }
+        if (!combined.add(status)) break;
     }
     return combined.result();
 }

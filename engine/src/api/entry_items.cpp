@@ -101,6 +101,7 @@ CDFstatus put_entry(Call& call, OpenCdf& cdf, const Target& t) {
         return BAD_DATA_TYPE;
     }
     if (num_elems < 1 || num_elems > INT32_MAX) return BAD_NUM_ELEMS;
+    if (value == nullptr) return BAD_ARGUMENT;
     std::vector<std::uint8_t> stored =
         stored_form(cdf, data_type, value, static_cast<std::size_t>(num_elems));
     return cdf.file
@@ -162,7 +163,7 @@ CDFstatus handle(long op, const ItemInfo& info, Call& call, OpenCdf& cdf) {
             return put_long(call, e->num_elems);
         default:  // gENTRY_DATA_
             copy_out(cdf, e->data_type, e->value.data(), static_cast<std::size_t>(e->num_elems),
-                     call.args.next_pointer());
+                     call.args.next<void>());
             return CDF_OK;
     }
 }

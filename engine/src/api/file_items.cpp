@@ -52,7 +52,8 @@ CDFstatus open_cdf(Call& call) {
 CDFstatus create_cdf(Call& call) {
     const char* const name = call.args.next<char>();
     const long num_dims = call.args.next_long();
-    const long* const dim_sizes = call.args.next<long>();
+    const long* const dim_sizes = call.args.next_array<long>(
+        num_dims < 0 || num_dims > CDF_MAX_DIMS ? 0 : static_cast<std::size_t>(num_dims));
     CDFid* const id = call.args.next<CDFid>();
     std::string path;
     CDFGATE_TRY(path_to_create(name ? name : "", path).code);
@@ -192,8 +193,8 @@ CDFstatus handle_get(long item, Call& call, OpenCdf& cdf) {
         case rVARs_NUMDIMS_:
             return put_long(call, static_cast<long>(file.gdr().r_dim_sizes.size()));
         case rVARs_DIMSIZES_: {
-            long* const out = call.args.next<long>();
             const auto& sizes = file.gdr().r_dim_sizes;
+            long* const out = call.args.next_array<long>(sizes.size());
             std::copy(sizes.begin(), sizes.end(), out);
             return CDF_OK;
         }

@@ -91,6 +91,7 @@ extern "C" long CDFgetAttrNum(CDFid id, char* attrName) {
 
 extern "C" CDFstatus CDFinquireAttr(CDFid id, long attrNum, char* attrName, long* attrScope,
                                     long* maxgEntry, long* maxrEntry, long* maxzEntry) {
+    if (!attrName || !attrScope || !maxgEntry || !maxrEntry || !maxzEntry) return BAD_ARGUMENT;
     long scope = 0;
     char name[CDF_ATTR_NAME_LEN256 + 1];
     CDFstatus status = CDFlib(SELECT_, CDF_, id, ATTR_, attrNum, GET_, ATTR_NAME_, name,
@@ -117,6 +118,7 @@ extern "C" CDFstatus CDFinquireAttr(CDFid id, long attrNum, char* attrName, long
 
 extern "C" CDFstatus CDFinquireAttrEntry(CDFid id, int grzEntry, long attrNum, long entryNum,
                                          long* dataType, long* numElems) {
+    if (!dataType || !numElems) return BAD_ARGUMENT;
     int kind = 0;
     const CDFstatus status = entry_kind(id, grzEntry, attrNum, kind);
     if (status != CDF_OK) return status;

@@ -57,6 +57,7 @@ CDFstatus get_data(Call& call, bool one_value) {
     void* const out = call.args.next_pointer();
     Target t;
     CDFGATE_TRY(current_target(call, t));
+    if (out == nullptr) return BAD_ARGUMENT;
     store::Variable& var = variable(*t.cdf, t.ref);
     const store::Hyperslab slab = slab_of(*t.cdf, t.ref, var, selection(*t.cdf, t.ref), one_value);
     const Status status = store::read_slab(*t.cdf->file, var, slab, out);
@@ -79,6 +80,7 @@ CDFstatus put_data(Call& call, bool one_value) {
     Target t;
     CDFGATE_TRY(current_target(call, t));
     CDFGATE_TRY(check_writable(*t.cdf));
+    if (in == nullptr) return BAD_ARGUMENT;
     store::Variable& var = variable(*t.cdf, t.ref);
     const store::Hyperslab slab = slab_of(*t.cdf, t.ref, var, selection(*t.cdf, t.ref), one_value);
     return store::write_slab(*t.cdf->file, var, slab, in, t.cdf->neg_to_pos_fp0 == NEGtoPOSfp0on)

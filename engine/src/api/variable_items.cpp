@@ -127,9 +127,12 @@ CDFstatus create_var(Call& call, OpenCdf& cdf) {
     def.data_type = call.args.next_long();
     def.num_elems = call.args.next_long();
     const long num_dims = call.args.next_long();
-    const long* const dim_sizes = call.args.next<long>();
+    // Out-of-range counts are refused below, before the arrays are read.
+    const std::size_t n =
+        num_dims < 0 || num_dims > CDF_MAX_DIMS ? 0 : static_cast<std::size_t>(num_dims);
+    const long* const dim_sizes = call.args.next_array<long>(n);
     def.rec_vary = call.args.next_long();
-    const long* const dim_varys = call.args.next<long>();
+    const long* const dim_varys = call.args.next_array<long>(n);
     long* const number = call.args.next<long>();
     if (num_dims < 0 || num_dims > CDF_MAX_DIMS) {
         // The earlier checks come first.
@@ -147,9 +150,9 @@ CDFstatus create_rvar(Call& call, OpenCdf& cdf) {
     def.data_type = call.args.next_long();
     def.num_elems = call.args.next_long();
     def.rec_vary = call.args.next_long();
-    const long* const dim_varys = call.args.next<long>();
-    long* const number = call.args.next<long>();
     const std::size_t n = cdf.file->gdr().r_dim_sizes.size();
+    const long* const dim_varys = call.args.next_array<long>(n);
+    long* const number = call.args.next<long>();
     def.dim_varys.assign(dim_varys, dim_varys + n);
     return create_variable(cdf, false, def, number);
 }
@@ -182,6 +185,7 @@ CDFstatus get_pad(Call& call, Current& cur) {
     void* const out = call.args.next_pointer();
     const format::Vdr& vdr = cur.var.vdr;
     if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
+    if (out == nullptr) return BAD_ARGUMENT;
     if (cur.var.has_pad()) {
         const std::size_t count =
             encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
@@ -199,6 +203,7 @@ CDFstatus put_pad(Call& call, Current& cur) {
     CDFGATE_TRY(check_writable(cur.cdf));
     format::Vdr& vdr = cur.var.vdr;
     if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
+    if (in == nullptr) return BAD_ARGUMENT;
     const std::size_t count =
         encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
     vdr.pad = stored_form(cur.cdf, vdr.data_type, in, count);
@@ -303,7 +308,7 @@ CDFstatus put_sparse(Call& call, Current& cur) {
 }
 
 CDFstatus put_long_array(Call& call, const DimList<long>& values) {
-    long* const out = call.args.next<long>();
+    long* const out = call.args.next_array<long>(values.size());
     if (!values.empty()) std::copy(values.begin(), values.end(), out);
     return CDF_OK;
 }
@@ -394,7 +399,7 @@ CDFstatus select_in_var(long item, Call& call, Current& cur) {
             return CDF_OK;
         }
         case zVAR_DIMINDICES_: {
-            const long* const v = call.args.next<long>();
+            const long* const v = call.args.next_array<long>(n);
             for (std::size_t d = 0; d < n; ++d) {
                 if (v[d] < 0 || v[d] >= shape.sizes[d]) return BAD_DIM_INDEX;
             }
@@ -402,7 +407,7 @@ CDFstatus select_in_var(long item, Call& call, Current& cur) {
             return CDF_OK;
         }
         case zVAR_DIMCOUNTS_: {
-            const long* const v = call.args.next<long>();
+            const long* const v = call.args.next_array<long>(n);
             for (std::size_t d = 0; d < n; ++d) {
                 if (v[d] < 1) return BAD_DIM_COUNT;
             }
@@ -410,7 +415,7 @@ CDFstatus select_in_var(long item, Call& call, Current& cur) {
             return CDF_OK;
         }
         case zVAR_DIMINTERVALS_: {
-            const long* const v = call.args.next<long>();
+            const long* const v = call.args.next_array<long>(n);
             for (std::size_t d = 0; d < n; ++d) {
                 if (v[d] < 1) return BAD_DIM_INTERVAL;
             }
@@ -440,7 +445,7 @@ CDFstatus confirm_in_var(long item, Call& call, Current& cur) {
     const VarSelection& sel = selection(cur.cdf, cur.ref);
     const std::size_t n = variable_shape(cur.cdf, cur.ref).sizes.size();
     const auto put_dims = [&](const std::array<long, CDF_MAX_DIMS>& values) {
-        long* const out = call.args.next<long>();
+        long* const out = call.args.next_array<long>(n);
         std::copy(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(n), out);
         return CDF_OK;
     };

@@ -65,4 +65,35 @@ TEST_F(StatusCombination, InformationIsReturnedWhenNothingElseHappens) {
               SINGLE_FILE_FORMAT);
 }
 
+// A null pointer where an item reads or writes is an error like any other: the
+// call stops with BAD_ARGUMENT. Empty arrays (0 dimensions) may still be null.
+TEST_F(StatusCombination, NullPointersWhereValuesGoAreRefused) {
+    long* const none = nullptr;
+    const long dims[] = {2};
+    long num = -9;
+    const struct {
+        const char* label;
+        CDFstatus status;
+    } rows[] = {
+        {"variable name", CDFlib(CREATE_, zVAR_, static_cast<char*>(nullptr), CDF_INT4, 1L, 0L,
+                                 none, VARY, none, &num, NULL_)},
+        {"dimension sizes",
+         CDFlib(CREATE_, zVAR_, "d", CDF_INT4, 1L, 1L, none, VARY, dims, &num, NULL_)},
+        {"variable number out",
+         CDFlib(CREATE_, zVAR_, "n", CDF_INT4, 1L, 0L, none, VARY, none, none, NULL_)},
+        {"count out", CDFlib(GET_, CDF_NUMzVARS_, none, NULL_)},
+        {"value in", CDFlib(SELECT_, zVAR_, 0L, PUT_, zVAR_DATA_, none, NULL_)},
+        {"value out", CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_DATA_, none, NULL_)},
+        {"pad in", CDFlib(SELECT_, zVAR_, 0L, PUT_, zVAR_PADVALUE_, none, NULL_)},
+        {"status text", CDFlib(GET_, STATUS_TEXT_, none, NULL_)},
+        {"entry value", CDFputAttrEntry(open_.front(), 1, create_attr("g", GLOBAL_SCOPE), 0,
+                                        CDF_CHAR, 3, nullptr)},
+        {"entry type out", CDFinquireAttrEntry(open_.front(), 1, 0, 0, none, &num)},
+    };
+    for (const auto& row : rows) EXPECT_EQ(row.status, BAD_ARGUMENT) << row.label;
+    EXPECT_EQ(CDFlib(CREATE_, zVAR_, "s", CDF_INT4, 1L, 0L, none, VARY, none, &num, NULL_), CDF_OK);
+    EXPECT_EQ(num, 1);
+    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_DIMINDICES_, none, NULL_), CDF_OK);
+}
+
 }  // namespace

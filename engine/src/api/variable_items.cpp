@@ -186,15 +186,20 @@ CDFstatus get_pad(Call& call, Current& cur) {
     const format::Vdr& vdr = cur.var.vdr;
     if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
     if (out == nullptr) return BAD_ARGUMENT;
+    if (vdr.num_elems < 1) return cur.cdf.file->corrupted_status();  // unvalidated file
+    const std::size_t count =
+        encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
     if (cur.var.has_pad()) {
-        const std::size_t count =
-            encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
         copy_out(cur.cdf, vdr.data_type, vdr.pad.data(), count, out);
         return CDF_OK;
     }
-    // One element of the default, in host form.
-    const auto pad = encoding::default_pad(vdr.data_type, 1, old_default_pads(*cur.cdf.file));
-    std::memcpy(out, pad.data(), pad.size());
+    // One value of the default in host form: a blank per character.
+    if (encoding::is_char_type(vdr.data_type)) {
+        std::memset(out, ' ', count);
+    } else {
+        const auto pad = encoding::default_pad(vdr.data_type, 1, old_default_pads(*cur.cdf.file));
+        std::memcpy(out, pad.data(), pad.size());
+    }
     return NO_PADVALUE_SPECIFIED;
 }
 
@@ -204,6 +209,7 @@ CDFstatus put_pad(Call& call, Current& cur) {
     format::Vdr& vdr = cur.var.vdr;
     if (!encoding::is_known_type(vdr.data_type)) return BAD_DATA_TYPE;
     if (in == nullptr) return BAD_ARGUMENT;
+    if (vdr.num_elems < 1) return cur.cdf.file->corrupted_status();  // unvalidated file
     const std::size_t count =
         encoding::is_char_type(vdr.data_type) ? static_cast<std::size_t>(vdr.num_elems) : 1;
     vdr.pad = stored_form(cur.cdf, vdr.data_type, in, count);

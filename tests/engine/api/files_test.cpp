@@ -74,7 +74,8 @@ TEST_F(Files, CreateRefusesExistingFilesAndBadNames) {
         {std::string(252, 'c'), CDF_CREATE_ERROR},  // FL19: 256 bytes with ".cdf"
         {std::string(251, 'b'), CDF_OK},            // FL18
         {std::string(600, 'p') + "/x", CDF_CREATE_ERROR},
-        {std::string(40, 'q') + std::string(480, '/') + "q", BAD_CDF_NAME},  // over 512, parts short
+        {std::string(40, 'q') + std::string(480, '/') + "q",
+         BAD_CDF_NAME},  // over 512, parts short
     };
     for (const auto& row : long_names) {
         EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(row.name).c_str()), &other), row.status)
@@ -201,6 +202,50 @@ TEST_F(Files, ValidationOffOpensInconsistentFiles) {
     EXPECT_EQ(type, 99);
     int value = 0;
     EXPECT_EQ(CDFlib(GET_, zVAR_DATA_, &value, NULL_), BAD_DATA_TYPE);  // SE101
+}
+
+// Files from other writers may leave a variable's pad unstored (VDR flag bit 1 clear).
+TEST_F(Files, VariableWithoutAStoredPadGivesTheDefault) {
+    const struct {
+        const char* label;
+        long type, elems;
+        std::int32_t stored_elems;  // written into the VDR
+        CDFstatus pad_status;
+        std::vector<std::uint8_t> pad;
+    } rows[] = {
+        {"PV61 to PV63", CDF_REAL4, 1, 1, NO_PADVALUE_SPECIFIED, {0xca, 0xf2, 0x49, 0xf1}},
+        {"characters", CDF_CHAR, 5, 5, NO_PADVALUE_SPECIFIED, {' ', ' ', ' ', ' ', ' '}},
+        {"no elements", CDF_CHAR, 5, -1, CORRUPTED_V3_CDF, {}},
+    };
+    CDFsetValidate(VALIDATEFILEoff);
+    for (const auto& row : rows) {
+        CDFid id = create(row.label);
+        create_zvar("x", row.type, row.elems);
+        ASSERT_EQ(close(id), CDF_OK);
+        std::vector<std::uint8_t> bytes = read_file(path(std::string(row.label) + ".cdf"));
+        ASSERT_GT(bytes.size(), 404u + 68u);
+        bytes[404 + 47] &= static_cast<std::uint8_t>(~2u);  // Flags: pad not present
+        for (int i = 0; i < 4; ++i) {
+            bytes[404 + 64 + i] = static_cast<std::uint8_t>(
+                static_cast<std::uint32_t>(row.stored_elems) >> (24 - 8 * i));
+        }
+        write_file(path(std::string(row.label) + ".cdf"), bytes);
+        ASSERT_EQ(open(row.label, id), CDF_OK) << row.label;
+        std::vector<std::uint8_t> pad(row.pad.size() + 1, '#');
+        EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_PADVALUE_, pad.data(), NULL_),
+                  row.pad_status)
+            << row.label;
+        EXPECT_EQ(pad.back(), '#') << row.label;
+        pad.pop_back();
+        if (row.pad_status == NO_PADVALUE_SPECIFIED) {
+            EXPECT_EQ(pad, row.pad) << row.label;
+            EXPECT_EQ(CDFlib(CONFIRM_, zVAR_PADVALUE_, NULL_), NO_PADVALUE_SPECIFIED);
+            std::vector<std::uint8_t> value(row.pad.size());
+            EXPECT_EQ(CDFlib(GET_, zVAR_DATA_, value.data(), NULL_), VIRTUAL_RECORD_DATA);
+            EXPECT_EQ(value, row.pad) << row.label;
+        }
+        ASSERT_EQ(close(id), CDF_OK);
+    }
 }
 
 TEST_F(Files, ChecksumIsWrittenAndVerified) {

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdint>
 #include <cstring>
-#include <locale>
 #include <map>
 
 #include "cdf.h"
@@ -110,9 +108,10 @@ const std::string& datatypeName(long code) {
 }
 
 matrix::array_ptr datatypeNameLower(long code) {
+    // ASCII only: the names are fixed ASCII, and a host's locale must not change them.
     std::string lower = datatypeName(code);
-    const auto& facet = std::use_facet<std::ctype<char>>(std::locale());
-    facet.tolower(lower.data(), lower.data() + lower.size());
+    for (char& c : lower)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return matrix::create(lower.data(), lower.size());
 }
 

@@ -1,7 +1,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
-#include <string>
 
 #include "array_storage.h"
 
@@ -19,14 +18,24 @@ bool isByteUnit(char16_t unit) {
 
 // Any other unit becomes its UTF-8 form (a surrogate half on its own), every byte of
 // which is above 127, so that no character outside ASCII can turn into an ASCII one.
-void appendWide(std::string& out, char16_t unit) {
-    if (unit < 0x800) {
-        out += static_cast<char>(0xC0 | (unit >> 6));
-    } else {
-        out += static_cast<char>(0xE0 | (unit >> 12));
-        out += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+std::size_t encodedLength(char16_t unit) {
+    if (isByteUnit(unit)) return 1;
+    return unit < 0x800 ? 2 : 3;
+}
+
+char* encode(char* out, char16_t unit) {
+    if (isByteUnit(unit)) {
+        *out++ = static_cast<char>(unit & 0xFF);
+        return out;
     }
-    out += static_cast<char>(0x80 | (unit & 0x3F));
+    if (unit < 0x800) {
+        *out++ = static_cast<char>(0xC0 | (unit >> 6));
+    } else {
+        *out++ = static_cast<char>(0xE0 | (unit >> 12));
+        *out++ = static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+    }
+    *out++ = static_cast<char>(0x80 | (unit & 0x3F));
+    return out;
 }
 
 }  // namespace
@@ -35,17 +44,13 @@ void appendWide(std::string& out, char16_t unit) {
 // matrix::create; the text ends at the first NUL unit, as a C string must.
 char* hvArrayToString(const hvArray* array) {
     if (array->classId != hvCHAR_CLASS) return nullptr;
-    std::string text;
-    text.reserve(array->count);
-    for (const char16_t unit : units(array)) {
-        if (isByteUnit(unit)) {
-            text += static_cast<char>(unit & 0xFF);
-        } else {
-            appendWide(text, unit);
-        }
-    }
-    auto* copy = static_cast<char*>(hvMalloc(text.size() + 1));
-    std::memcpy(copy, text.c_str(), text.size() + 1);
+    const std::span<const char16_t> text = units(array);
+    std::size_t length = 0;
+    for (const char16_t unit : text) length += encodedLength(unit);
+    auto* const copy = static_cast<char*>(hvMalloc(length + 1));
+    char* out = copy;
+    for (const char16_t unit : text) out = encode(out, unit);
+    *out = '\0';
     return copy;
 }
 

@@ -193,13 +193,10 @@ CDFstatus get_pad(Call& call, Current& cur) {
         copy_out(cur.cdf, vdr.data_type, vdr.pad.data(), count, out);
         return CDF_OK;
     }
-    // One value of the default in host form: a blank per character.
-    if (encoding::is_char_type(vdr.data_type)) {
-        std::memset(out, ' ', count);
-    } else {
-        const auto pad = encoding::default_pad(vdr.data_type, 1, old_default_pads(*cur.cdf.file));
-        std::memcpy(out, pad.data(), pad.size());
-    }
+    // One element of the default in host form: for characters a single blank in the
+    // first byte, the caller's other bytes left as they were.
+    const auto pad = encoding::default_pad(vdr.data_type, 1, old_default_pads(*cur.cdf.file));
+    std::memcpy(out, pad.data(), pad.size());
     return NO_PADVALUE_SPECIFIED;
 }
 

@@ -211,11 +211,15 @@ TEST_F(Files, VariableWithoutAStoredPadGivesTheDefault) {
         long type, elems;
         std::int32_t stored_elems;  // written into the VDR
         CDFstatus pad_status;
-        std::vector<std::uint8_t> pad;
+        std::vector<std::uint8_t> pad;    // the pad item's output over a buffer of '#'
+        std::vector<std::uint8_t> value;  // a record never written
     } rows[] = {
-        {"PV61 to PV63", CDF_REAL4, 1, 1, NO_PADVALUE_SPECIFIED, {0xca, 0xf2, 0x49, 0xf1}},
-        {"characters", CDF_CHAR, 5, 5, NO_PADVALUE_SPECIFIED, {' ', ' ', ' ', ' ', ' '}},
-        {"no elements", CDF_CHAR, 5, -1, CORRUPTED_V3_CDF, {}},
+        {"PV61 to PV63", CDF_REAL4, 1, 1, NO_PADVALUE_SPECIFIED, {0xca, 0xf2, 0x49, 0xf1},
+         {0xca, 0xf2, 0x49, 0xf1}},
+        // One blank in the first byte only, as the sample dumps show.
+        {"characters", CDF_CHAR, 5, 5, NO_PADVALUE_SPECIFIED, {' ', '#', '#', '#', '#'},
+         {' ', ' ', ' ', ' ', ' '}},
+        {"no elements", CDF_CHAR, 5, -1, CORRUPTED_V3_CDF, {}, {}},
     };
     CDFsetValidate(VALIDATEFILEoff);
     for (const auto& row : rows) {
@@ -240,9 +244,9 @@ TEST_F(Files, VariableWithoutAStoredPadGivesTheDefault) {
         if (row.pad_status == NO_PADVALUE_SPECIFIED) {
             EXPECT_EQ(pad, row.pad) << row.label;
             EXPECT_EQ(CDFlib(CONFIRM_, zVAR_PADVALUE_, NULL_), NO_PADVALUE_SPECIFIED);
-            std::vector<std::uint8_t> value(row.pad.size());
+            std::vector<std::uint8_t> value(row.value.size());
             EXPECT_EQ(CDFlib(GET_, zVAR_DATA_, value.data(), NULL_), VIRTUAL_RECORD_DATA);
-            EXPECT_EQ(value, row.pad) << row.label;
+            EXPECT_EQ(value, row.value) << row.label;
         }
         ASSERT_EQ(close(id), CDF_OK);
     }

@@ -58,129 +58,45 @@ struct RefusalCase {
     Arguments arguments;
 };
 
-class TimeCommandRefusals : public ::testing::TestWithParam<RefusalCase> {};
-
-TEST_P(TimeCommandRefusals, RaiseTheirError) {
-    const RefusalCase& c = GetParam();
-    expectHostError([&] { call(c.command, {c.input}); }, c.identifier, c.arguments);
-}
-
-std::vector<RefusalCase> refusalCases() {
-    const std::vector<double> eight(8, 1.0);
-    return {
-        {"count before class",
-         "computeEpoch",
-         Array::of<std::int32_t>({2000, 1, 1, 0, 0, 0, 0}, {7, 1}),
-         cdflibId("badTimeVector"),
-         {std::int64_t{7}}},
-        {"count not a multiple of 7",
-         "computeEpoch",
-         doubles(eight),
-         cdflibId("badTimeVector"),
-         {std::int64_t{7}}},
-        {"single precision",
-         "computeEpoch",
-         Array::of<float>({2000, 1, 1, 0, 0, 0, 0}),
-         cdflibId("badTimeVector"),
-         {std::int64_t{7}}},
-        {"epoch16 count",
-         "computeEpoch16",
-         doubles({2000, 1, 1, 0, 0, 0, 0}),
-         cdflibId("badTimeVector"),
-         {std::int64_t{10}}},
-        {"epoch16 class",
-         "computeEpoch16",
-         Array::of<std::int64_t>({2000, 1, 1, 0, 0, 0, 0, 0, 0, 0}),
-         cdflibId("badTimeVector"),
-         {std::int64_t{10}}},
-        {"component beyond 2^63",
-         "computeEpoch",
-         doubles({2000, 1, 1, 0, 0, 0, 9.3e18}),
-         validateId("argumentOutOfBounds"),
-         {}},
-        {"negative year",
-         "computeEpoch",
-         doubles({-1, 1, 1, 0, 0, 0, 0}),
-         cdflibId("illegalEpochValue"),
-         {}},
-        {"illegal after a legal group",
-         "computeEpoch",
-         doubles({2000, 1, 1, 0, 0, 0, 0, 0, 1, 1, 0, 0, 0, -1}),
-         cdflibId("illegalEpochValue"),
-         {}},
-        {"epoch16 negative year",
-         "computeEpoch16",
-         doubles({-5, 1, 1, 0, 0, 0, 0, 0, 0, 0}),
-         cdflibId("illegalEpochValue"),
-         {}},
-        {"epoch16 before year 0",
-         "computeEpoch16",
-         doubles({0, 1, 1, 0, 0, -1, 0, 0, 0, 0}),
-         cdflibId("illegalEpochValue"),
-         {}},
-        {"breakdown of int64",
-         "epochBreakdown",
-         Array::int64(5),
-         validateId("argumentNotDoublePrecision"),
-         {std::string("EPOCHTIME")}},
-        {"odd count", "epoch16Breakdown", doubles({1, 2, 3}), cdflibId("badEpoch16Modulus"), {}},
-        {"odd count before class",
-         "epoch16Breakdown",
-         Array::of<std::int8_t>({1, 2, 3}),
-         cdflibId("badEpoch16Modulus"),
-         {}},
-        {"epoch16 breakdown of int8",
-         "epoch16Breakdown",
-         Array::of<std::int8_t>({1, 2}),
-         validateId("argumentNotDoublePrecision"),
-         {std::string("EPOCH16TIME")}},
-        {"tt2000 count before class",
-         "computeTT2000",
-         Array::of<std::int8_t>({1, 2}),
-         cdflibId("badTimeVector"),
-         {std::int64_t{9}}},
-        {"tt2000 count",
-         "computeTT2000",
-         doubles(std::vector<double>(10, 1.0)),
-         cdflibId("badTimeVector"),
-         {std::int64_t{9}}},
-        {"tt2000 class",
-         "computeTT2000",
-         Array::of<std::int64_t>({2000, 1, 1, 0, 0, 0, 0, 0, 0}),
-         cdflibId("badTimeVector"),
-         {std::int64_t{9}}},
-        {"tt2000 breakdown of double",
-         "breakdownTT2000",
-         Array::scalar(0),
-         validateId("argumentNotInt64Scalar"),
-         {std::string("TT2000TIME")}},
-        {"tt2000 breakdown of uint64",
-         "breakdownTT2000",
-         Array::of<std::uint64_t>({0}),
-         validateId("argumentNotInt64Scalar"),
-         {std::string("TT2000TIME")}},
+TEST(TimeCommands, RefusalsRaiseTheirError) {
+    const std::string vector = cdflibId("badTimeVector");
+    const std::string illegal = cdflibId("illegalEpochValue");
+    const std::string modulus = cdflibId("badEpoch16Modulus");
+    const std::string tt2000Range = cdflibId("outOfRangeTT2000Value");
+    const Arguments n7{std::int64_t{7}}, n9{std::int64_t{9}}, n10{std::int64_t{10}};
+    const Arguments tt2000Time{std::string("TT2000TIME")};
+    const std::string notInt64 = validateId("argumentNotInt64Scalar");
+    // clang-format off
+    const RefusalCase cases[] = {
+        {"count before class", "computeEpoch", Array::of<std::int32_t>({2000, 1, 1, 0, 0, 0, 0}, {7, 1}), vector, n7},
+        {"count not a multiple of 7", "computeEpoch", doubles(std::vector<double>(8, 1.0)), vector, n7},
+        {"single precision", "computeEpoch", Array::of<float>({2000, 1, 1, 0, 0, 0, 0}), vector, n7},
+        {"epoch16 count", "computeEpoch16", doubles({2000, 1, 1, 0, 0, 0, 0}), vector, n10},
+        {"epoch16 class", "computeEpoch16", Array::of<std::int64_t>({2000, 1, 1, 0, 0, 0, 0, 0, 0, 0}), vector, n10},
+        {"component beyond 2^63", "computeEpoch", doubles({2000, 1, 1, 0, 0, 0, 9.3e18}), validateId("argumentOutOfBounds"), {}},
+        {"negative year", "computeEpoch", doubles({-1, 1, 1, 0, 0, 0, 0}), illegal, {}},
+        {"illegal after a legal group", "computeEpoch", doubles({2000, 1, 1, 0, 0, 0, 0, 0, 1, 1, 0, 0, 0, -1}), illegal, {}},
+        {"epoch16 negative year", "computeEpoch16", doubles({-5, 1, 1, 0, 0, 0, 0, 0, 0, 0}), illegal, {}},
+        {"epoch16 before year 0", "computeEpoch16", doubles({0, 1, 1, 0, 0, -1, 0, 0, 0, 0}), illegal, {}},
+        {"breakdown of int64", "epochBreakdown", Array::int64(5), validateId("argumentNotDoublePrecision"), {std::string("EPOCHTIME")}},
+        {"odd count", "epoch16Breakdown", doubles({1, 2, 3}), modulus, {}},
+        {"odd count before class", "epoch16Breakdown", Array::of<std::int8_t>({1, 2, 3}), modulus, {}},
+        {"epoch16 breakdown of int8", "epoch16Breakdown", Array::of<std::int8_t>({1, 2}), validateId("argumentNotDoublePrecision"), {std::string("EPOCH16TIME")}},
+        {"tt2000 count before class", "computeTT2000", Array::of<std::int8_t>({1, 2}), vector, n9},
+        {"tt2000 count", "computeTT2000", doubles(std::vector<double>(10, 1.0)), vector, n9},
+        {"tt2000 class", "computeTT2000", Array::of<std::int64_t>({2000, 1, 1, 0, 0, 0, 0, 0, 0}), vector, n9},
+        {"tt2000 breakdown of double", "breakdownTT2000", Array::scalar(0), notInt64, tt2000Time},
+        {"tt2000 breakdown of uint64", "breakdownTT2000", Array::of<std::uint64_t>({0}), notInt64, tt2000Time},
         // The two values above the pad code, wherever they stand.
-        {"tt2000 breakdown of min plus 2",
-         "breakdownTT2000",
-         Array::of<std::int64_t>({0, kMin + 2, 5}),
-         cdflibId("outOfRangeTT2000Value"),
-         {}},
-        {"tt2000 breakdown of min plus 3",
-         "breakdownTT2000",
-         Array::of<std::int64_t>({0, kMin + 3, 5}),
-         cdflibId("outOfRangeTT2000Value"),
-         {}},
+        {"tt2000 breakdown of min plus 2", "breakdownTT2000", Array::of<std::int64_t>({0, kMin + 2, 5}), tt2000Range, {}},
+        {"tt2000 breakdown of min plus 3", "breakdownTT2000", Array::of<std::int64_t>({0, kMin + 3, 5}), tt2000Range, {}},
     };
+    // clang-format on
+    for (const RefusalCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        expectHostError([&] { call(c.command, {c.input}); }, c.identifier, c.arguments);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Time, TimeCommandRefusals, ::testing::ValuesIn(refusalCases()),
-                         [](const auto& info) {
-                             std::string name = info.param.name;
-                             for (char& ch : name) {
-                                 if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
-                             }
-                             return name;
-                         });
 
 TEST(ComputeEpoch16, PairsComeOutAsColumns) {
     const std::vector<double> times{2000, 1,  1,  12, 0,  0,  1,   2,   3,   4,

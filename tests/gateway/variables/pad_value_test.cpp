@@ -69,9 +69,9 @@ TEST(PadValue, RefusalsOfTheArgumentsAndTheLibrary) {
         },
         validateId("argumentNotDoubleScalar"), {std::string("VARNUM")});
     expectHostError([&] { getPad(cdf, 3); }, cdflibId("libraryFailure"),
-                    {std::string("CDFinquirezVar"), statusText(NO_SUCH_VAR)});
+                    failure("CDFinquirezVar", NO_SUCH_VAR));
     expectHostError([&] { setPad(cdf, 3, Array::scalar(1)); }, cdflibId("libraryFailure"),
-                    {std::string("CDFinquirezVar"), statusText(NO_SUCH_VAR)});
+                    failure("CDFinquirezVar", NO_SUCH_VAR));
 }
 
 TEST(PadValue, UnwrittenRecordsReadAsThePadEverySecondRecordApart) {

@@ -33,6 +33,11 @@ class ScratchCdf {
 // The engine's text for a status, as "libraryFailure" carries it.
 std::string statusText(CDFstatus status);
 
+// The arguments of "libraryFailure" for `function` failing with `status`.
+inline Arguments failure(const std::string& function, CDFstatus status) {
+    return {function, statusText(status)};
+}
+
 // Calls a command expecting one result.
 Array callOne(std::string_view command, std::vector<Array> arguments);
 

@@ -56,46 +56,20 @@ struct DefinitionCase {
 };
 
 TEST(CreateVar, DefinitionsRoundTripInTheHostsOrder) {
+    // clang-format off
     const DefinitionCase cases[] = {
         {"scalar", COLUMN_MAJOR, CDF_REAL8, 1, {}, {}, true, "cdf_real8", {{}, {}, VARY}},
         {"text", ROW_MAJOR, CDF_CHAR, 10, {}, {}, false, "cdf_char", {{}, {}, NOVARY}},
-        {"row major",
-         ROW_MAJOR,
-         CDF_INT2,
-         1,
-         {2, 3},
-         {true, false},
-         true,
-         "cdf_int2",
+        {"row major", ROW_MAJOR, CDF_INT2, 1, {2, 3}, {true, false}, true, "cdf_int2",
          {{3, 2}, {NOVARY, VARY}, VARY}},
-        {"column major",
-         COLUMN_MAJOR,
-         CDF_INT2,
-         1,
-         {2, 3},
-         {true, false},
-         true,
-         "cdf_int2",
+        {"column major", COLUMN_MAJOR, CDF_INT2, 1, {2, 3}, {true, false}, true, "cdf_int2",
          {{2, 3}, {VARY, NOVARY}, VARY}},
-        {"three dimensions",
-         ROW_MAJOR,
-         CDF_TIME_TT2000,
-         1,
-         {4, 1, 7},
-         {false, true, true},
-         false,
-         "cdf_time_tt2000",
-         {{7, 1, 4}, {VARY, VARY, NOVARY}, NOVARY}},
-        {"text with dimensions",
-         COLUMN_MAJOR,
-         CDF_UCHAR,
-         3,
-         {5},
-         {true},
-         true,
-         "cdf_uchar",
+        {"three dimensions", ROW_MAJOR, CDF_TIME_TT2000, 1, {4, 1, 7}, {false, true, true}, false,
+         "cdf_time_tt2000", {{7, 1, 4}, {VARY, VARY, NOVARY}, NOVARY}},
+        {"text with dimensions", COLUMN_MAJOR, CDF_UCHAR, 3, {5}, {true}, true, "cdf_uchar",
          {{5}, {VARY}, VARY}},
     };
+    // clang-format on
     for (const DefinitionCase& c : cases) {
         SCOPED_TRACE(c.name);
         ScratchCdf cdf(c.majority);
@@ -176,38 +150,29 @@ TEST(CreateVar, RefusesArgumentsInArgumentOrder) {
                     validateId("argumentOutOfBounds"));
     // Nothing was created by any refused call.
     expectHostError([&] { inquire(cdf, 0); }, cdflibId("libraryFailure"),
-                    {std::string("CDFinquirezVar"), statusText(NO_SUCH_VAR)});
+                    failure("CDFinquirezVar", NO_SUCH_VAR));
 }
 
 // The datatype and element count are the library's to judge, not the gateway's.
 TEST(CreateVar, LibraryRefusalsNameCreatezVar) {
     ScratchCdf cdf(ROW_MAJOR);
-    const auto refusal = [&](const char* name, double datatype, double numElements) {
-        return [&cdf, name, datatype, numElements] {
-            cdf.createVar(name, static_cast<long>(datatype), static_cast<long>(numElements));
-        };
-    };
-    expectHostError(refusal("W", 3, 1), cdflibId("libraryFailure"),
-                    {std::string("CDFcreatezVar"), statusText(BAD_DATA_TYPE)});
-    expectHostError(refusal("W", CDF_CHAR, 0), cdflibId("libraryFailure"),
-                    {std::string("CDFcreatezVar"), statusText(BAD_NUM_ELEMS)});
+    expectHostError([&] { cdf.createVar("W", 3, 1); }, cdflibId("libraryFailure"),
+                    failure("CDFcreatezVar", BAD_DATA_TYPE));
+    expectHostError([&] { cdf.createVar("W", CDF_CHAR, 0); }, cdflibId("libraryFailure"),
+                    failure("CDFcreatezVar", BAD_NUM_ELEMS));
 }
 
 TEST(CreateVar, RefusesFileIdentifiersFirst) {
-    expectHostError(
-        [] {
-            embedded::call("createVar",
-                           {Array::scalar(1), Array::scalar(1), Array::scalar(1), Array::scalar(1),
-                            Array::scalar(1), Array::scalar(1), Array::scalar(1)});
-        },
-        validateId("argumentNotUint64Scalar"), {std::string("CDFID")});
-    expectHostError(
-        [] {
-            embedded::call("createVar",
-                           {Array::uint64(12345), Array::text("V"), Array::scalar(1),
-                            Array::scalar(1), Array::empty(), Array::scalar(-1), Array::empty()});
-        },
-        cdflibId("invalidFileId"));
+    // A name that is no text is not reached either.
+    const auto createVar = [](Array id, Array name) {
+        return [id, name] {
+            embedded::call("createVar", {id, name, Array::scalar(1), Array::scalar(1),
+                                         Array::empty(), Array::scalar(-1), Array::empty()});
+        };
+    };
+    expectHostError(createVar(Array::scalar(1), Array::scalar(1)),
+                    validateId("argumentNotUint64Scalar"), {std::string("CDFID")});
+    expectHostError(createVar(Array::uint64(12345), Array::text("V")), cdflibId("invalidFileId"));
 }
 
 TEST(InquireVar, FillsOnlyTheSlotsTheHostOffers) {
@@ -223,21 +188,15 @@ TEST(InquireVar, FillsOnlyTheSlotsTheHostOffers) {
 
 TEST(InquireVar, RefusesBadVariableNumbers) {
     ScratchCdf cdf(ROW_MAJOR);
-    expectHostError(
-        [&] {
-            embedded::call("inquireVar", {cdf.id(), Array::int64(0)});
-        },
-        validateId("argumentNotDoubleScalar"), {std::string("VARNUM")});
-    expectHostError(
-        [&] {
-            embedded::call("inquireVar", {cdf.id(), Array::scalar(0)});
-        },
-        cdflibId("libraryFailure"), {std::string("CDFinquirezVar"), statusText(NO_SUCH_VAR)});
-    expectHostError(
-        [&] {
-            embedded::call("inquireVar", {cdf.id(), Array::scalar(-1)});
-        },
-        cdflibId("libraryFailure"), {std::string("CDFinquirezVar"), statusText(BAD_VAR_NUM)});
+    const auto inquireVar = [&](Array varNum) {
+        return [&cdf, varNum] { embedded::call("inquireVar", {cdf.id(), varNum}); };
+    };
+    expectHostError(inquireVar(Array::int64(0)), validateId("argumentNotDoubleScalar"),
+                    {std::string("VARNUM")});
+    expectHostError(inquireVar(Array::scalar(0)), cdflibId("libraryFailure"),
+                    failure("CDFinquirezVar", NO_SUCH_VAR));
+    expectHostError(inquireVar(Array::scalar(-1)), cdflibId("libraryFailure"),
+                    failure("CDFinquirezVar", BAD_VAR_NUM));
 }
 
 }  // namespace

@@ -20,25 +20,15 @@ struct Damage {
     std::function<bool(const Layout&, Bytes&)> patch;
 };
 
-// Sets a field of the first record of a type, by its v3 and v2 offsets.
+// Sets a field of the first record of a type, by its v3 and v2 offsets; size 0 is
+// an offset-sized field (8 bytes in v3, 4 in v2).
 std::function<bool(const Layout&, Bytes&)> set_field(std::int32_t type, std::size_t v3_offset,
                                                      std::size_t v2_offset, std::size_t size,
                                                      std::uint64_t value) {
     return [=](const Layout& l, Bytes& b) {
         const auto records = l.of_type(type);
         if (records.empty()) return false;
-        put(b, l.at(records.front(), v3_offset, v2_offset), size, value);
-        return true;
-    };
-}
-
-// Same for an offset-sized field (8 bytes in v3, 4 in v2).
-std::function<bool(const Layout&, Bytes&)> set_offset(std::int32_t type, std::size_t v3_offset,
-                                                      std::size_t v2_offset, std::uint64_t value) {
-    return [=](const Layout& l, Bytes& b) {
-        const auto records = l.of_type(type);
-        if (records.empty()) return false;
-        put(b, l.at(records.front(), v3_offset, v2_offset), l.width(), value);
+        put(b, l.at(records.front(), v3_offset, v2_offset), size == 0 ? l.width() : size, value);
         return true;
     };
 }
@@ -86,14 +76,6 @@ bool all_slots_to_first_vxr(const Layout& l, Bytes& b) {
     return true;
 }
 
-// The whole-file image claims fewer bytes than its payload inflates to.
-bool ccr_usize_small(const Layout& l, Bytes& b) {
-    const auto ccrs = l.of_type(kCcr);
-    if (ccrs.empty()) return false;
-    put(b, l.at(ccrs.front(), 20, 12), l.width(), 100);
-    return true;
-}
-
 // The first index slot pointing at a compressed block claims fewer records than the
 // block holds, so the block inflates past the space its records need.
 bool cvvr_slot_shorter(const Layout& l, Bytes& b) {
@@ -112,14 +94,6 @@ bool cvvr_slot_shorter(const Layout& l, Bytes& b) {
         }
     }
     return false;
-}
-
-// The compressed block's cSize claims more bytes than its record holds.
-bool cvvr_csize_huge(const Layout& l, Bytes& b) {
-    const auto cvvrs = l.of_type(kCvvr);
-    if (cvvrs.empty()) return false;
-    put(b, l.at(cvvrs.front(), 16, 12), l.width(), 0x7FFFFFFFFFFF);
-    return true;
 }
 
 const std::uint64_t kHuge32 = 0x7FFFFFFF;
@@ -148,7 +122,8 @@ const Damage kDamages[] = {
      set_field(2, 48, 28, 4, kHuge32)},
     {"GDR claims 2^31 rVariable dimensions", "format/rvars_network.cdf", Expect::Error,
      set_field(2, 56, 36, 4, kHuge32)},
-    {"GDR eof far past the end", "format/gattr.cdf", Expect::Error, set_offset(2, 36, 20, kHuge64)},
+    {"GDR eof far past the end", "format/gattr.cdf", Expect::Error,
+     set_field(2, 36, 20, 0, kHuge64)},
     {"VDR of 2^31 elements", "format/zvar_int4_row.cdf", Expect::Error,
      set_field(kVdrZ, 64, 48, 4, kHuge32)},
     {"VDR of 2^31 dimensions", "format/zvar_int4_row.cdf", Expect::Error,
@@ -164,7 +139,7 @@ const Damage kDamages[] = {
     {"VDR blocking factor of 2^31", "format/compressed_vars.cdf", Expect::Anything,
      set_field(kVdrZ, 80, 60, 4, kHuge32)},
     {"VDR record size of 2^62", "format/zvar_int4_row.cdf", Expect::Error,
-     set_offset(kVdrZ, 0, 0, std::uint64_t{1} << 62)},
+     set_field(kVdrZ, 0, 0, 0, std::uint64_t{1} << 62)},
     {"VDR of an unknown data type", "format/zvar_int4_row.cdf", Expect::Error,
      set_field(kVdrZ, 20, 12, 4, 99)},
     {"ADR claims 2^31 gEntries", "format/gattr.cdf", Expect::Anything,
@@ -183,13 +158,14 @@ const Damage kDamages[] = {
      set_field(kVxr, 24, 16, 4, 1000)},
     {"CPR of 2^31 parameters", "format/compressed_vars.cdf", Expect::Error,
      set_field(kCpr, 20, 16, 4, kHuge32)},
-    // Compressed data against declared sizes.
+    // Compressed data against declared sizes: a whole-file image claiming fewer
+    // bytes than its payload inflates to (CCR uSize 100).
     {"whole-file image inflates past its declared size", "compression/file_gzip6.cdf",
-     Expect::Error, ccr_usize_small},
+     Expect::Error, set_field(kCcr, 20, 12, 0, 100)},
     {"whole-file RLE image inflates past its declared size", "compression/file_rle.cdf",
-     Expect::Error, ccr_usize_small},
+     Expect::Error, set_field(kCcr, 20, 12, 0, 100)},
     {"whole-file AHUFF image inflates past its declared size", "compression/file_ahuff.cdf",
-     Expect::Error, ccr_usize_small},
+     Expect::Error, set_field(kCcr, 20, 12, 0, 100)},
     // A block that decodes long is read up to what its records need and the excess
     // ignored, as other readers do: bounded work, and no error to expect.
     {"GZIP block inflates past its records", "compression/var_gzip6.cdf", Expect::Anything,
@@ -197,7 +173,7 @@ const Damage kDamages[] = {
     {"HUFF block inflates past its records", "compression/var_huff.cdf", Expect::Anything,
      cvvr_slot_shorter},
     {"compressed block claims more bytes than its record", "compression/var_gzip6.cdf",
-     Expect::Error, cvvr_csize_huge},
+     Expect::Error, set_field(kCvvr, 16, 12, 0, 0x7FFFFFFFFFFF)},
 };
 
 void PrintTo(const Damage& d, std::ostream* out) {

@@ -13,10 +13,9 @@
 
 namespace {
 
-using cdfgate::test::be;
-using cdfgate::test::CompressionTest;
-using cdfgate::test::file_bytes;
-using cdfgate::test::stored_blocks;
+using namespace cdfgate::test;
+
+using Spans = std::vector<std::pair<std::int64_t, std::int64_t>>;  // first, last
 
 class BlockLifecycle : public CompressionTest {
   protected:
@@ -30,9 +29,14 @@ class BlockLifecycle : public CompressionTest {
         EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, type, parms, NULL_), CDF_OK);
         return v;
     }
-    void reopen(const std::string& name) {
-        CDFid id = nullptr;
-        ASSERT_EQ(CDFlib(OPEN_, CDF_, path(name).c_str(), &id, NULL_), CDF_OK);
+    void reopen(const std::string& name) { ASSERT_EQ(open_cdf(path(name)), CDF_OK); }
+    std::vector<StoredBlock> blocks(const std::string& name) const {
+        return stored_blocks(file_bytes(path(name + ".cdf")), 0);
+    }
+    static Spans spans(const std::vector<StoredBlock>& blocks) {
+        Spans out;
+        for (const auto& b : blocks) out.emplace_back(b.first, b.last);
+        return out;
     }
     // Writes records first..first+count-1 of var, one value each, from values.
     static CDFstatus put(long var, long first, const std::vector<std::int32_t>& values) {
@@ -59,11 +63,7 @@ class BlockLifecycle : public CompressionTest {
         EXPECT_EQ(CDFlib(GET_, item, &v, NULL_), CDF_OK);
         return v;
     }
-    static long percent() {
-        long type = -9, parms[CDF_MAX_PARMS] = {}, pct = -9;
-        EXPECT_EQ(CDFlib(GET_, zVAR_COMPRESSION_, &type, parms, &pct, NULL_), CDF_OK);
-        return pct;
-    }
+    static long percent() { return get_compression(zVAR_COMPRESSION_).pct; }
 };
 
 TEST_F(BlockLifecycle, StagedRecordsReadBackAndCountBeforeTheyAreStored) {
@@ -82,14 +82,13 @@ TEST_F(BlockLifecycle, StagedRecordsReadBackAndCountBeforeTheyAreStored) {
     std::vector<std::int32_t> back(200, -1);
     ASSERT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, back.data(), NULL_), CDF_OK);
     EXPECT_EQ(back, zeros);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 
-    const auto blocks = stored_blocks(file_bytes(path("s.cdf")), 0);
-    ASSERT_EQ(blocks.size(), 1u);
+    const auto stored = blocks("s");
+    ASSERT_EQ(stored.size(), 1u);
     reopen("s");
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
-    EXPECT_EQ(percent(), (200 * blocks[0].c_size + 800) / 1600);  // payload over 800 bytes
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    EXPECT_EQ(var_compression(0).pct, (200 * stored[0].c_size + 800) / 1600);  // over 800 bytes
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 TEST_F(BlockLifecycle, BlocksHoldAtMostTheBlockingFactor) {
@@ -102,35 +101,27 @@ TEST_F(BlockLifecycle, BlocksHoldAtMostTheBlockingFactor) {
     long parms[] = {0};
     EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, RLE_COMPRESSION, parms, NULL_), CANNOT_COMPRESS);
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, 200L, 210L, NULL_), CANNOT_ALLOCATE_RECORDS);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto blocks = stored_blocks(file_bytes(path("b.cdf")), 0);
-    ASSERT_EQ(blocks.size(), 4u);
-    for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(blocks[i].first, static_cast<std::int64_t>(30 * i));
-        EXPECT_EQ(blocks[i].last, std::min<std::int64_t>(30 * i + 29, 99));
-        EXPECT_EQ(blocks[i].type, 13);
-    }
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    const auto stored = blocks("b");
+    EXPECT_EQ(spans(stored), (Spans{{0, 29}, {30, 59}, {60, 89}, {90, 99}}));
+    for (const auto& b : stored) EXPECT_EQ(b.type, 13);
     reopen("b");
     EXPECT_EQ(get(0, 0, 100), values);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 TEST_F(BlockLifecycle, RecordsAppendedInALaterSessionStartANewBlock) {
     const long v = make("a");
     ASSERT_EQ(put(v, 0, std::vector<std::int32_t>(100, 0)), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
     reopen("a");
     EXPECT_EQ(get(0, 99, 1), std::vector<std::int32_t>{0});
     ASSERT_EQ(put(0, 100, std::vector<std::int32_t>(10, 5)), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto blocks = stored_blocks(file_bytes(path("a.cdf")), 0);
-    ASSERT_EQ(blocks.size(), 2u);
-    EXPECT_EQ(blocks[0].last, 99);
-    EXPECT_EQ(blocks[1].first, 100);
-    EXPECT_EQ(blocks[1].last, 109);
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    EXPECT_EQ(spans(blocks("a")), (Spans{{0, 99}, {100, 109}}));
     reopen("a");
     EXPECT_EQ(get(0, 98, 4), (std::vector<std::int32_t>{0, 0, 5, 5}));
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 // Gaps below a non-sparse write are padded and join the blocks.
@@ -140,26 +131,23 @@ TEST_F(BlockLifecycle, SkippedRecordsArePaddedIntoTheBlocks) {
     ASSERT_EQ(put(v, 5, {6}), CDF_OK);
     const std::int32_t pad = -2147483647;
     EXPECT_EQ(get(v, 0, 6), (std::vector<std::int32_t>{1, pad, pad, pad, pad, 6}));
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), DID_NOT_COMPRESS);  // 24 bytes do not shrink
-    const auto blocks = stored_blocks(file_bytes(path("g.cdf")), 0);
-    ASSERT_EQ(blocks.size(), 1u);
-    EXPECT_EQ(blocks[0].first, 0);
-    EXPECT_EQ(blocks[0].last, 5);
+    ASSERT_EQ(close_cdf(), DID_NOT_COMPRESS);  // 24 bytes do not shrink
+    EXPECT_EQ(spans(blocks("g")), (Spans{{0, 5}}));
 }
 
 TEST_F(BlockLifecycle, RewriteThatFitsStaysInPlaceWithSlack) {
     const long v = make("r");
     ASSERT_EQ(put(v, 0, noise(30, 1)), CDF_OK);  // staged: stored at the close
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), DID_NOT_COMPRESS);
+    ASSERT_EQ(close_cdf(), DID_NOT_COMPRESS);
     const auto size_before = std::filesystem::file_size(path("r.cdf"));
-    const auto before = stored_blocks(file_bytes(path("r.cdf")), 0);
+    const auto before = blocks("r");
     ASSERT_EQ(before.size(), 1u);
     ASSERT_EQ(before[0].type, 7);
 
     reopen("r");
     ASSERT_EQ(put(0, 0, std::vector<std::int32_t>(30, 0)), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto after = stored_blocks(file_bytes(path("r.cdf")), 0);
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    const auto after = blocks("r");
     ASSERT_EQ(after.size(), 1u);
     EXPECT_EQ(after[0].offset, before[0].offset);
     EXPECT_EQ(after[0].size, before[0].size);  // the rest is slack
@@ -168,24 +156,24 @@ TEST_F(BlockLifecycle, RewriteThatFitsStaysInPlaceWithSlack) {
     EXPECT_EQ(std::filesystem::file_size(path("r.cdf")), size_before);
     reopen("r");
     EXPECT_EQ(get(0, 0, 30), std::vector<std::int32_t>(30, 0));
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 TEST_F(BlockLifecycle, RewriteThatGrowsMovesAndFreesTheOldPlace) {
     const long v = make("m");
     ASSERT_EQ(put(v, 0, std::vector<std::int32_t>(100, 0)), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);  // the block is stored at the close
+    ASSERT_EQ(close_cdf(), CDF_OK);  // the block is stored at the close
     reopen("m");
     const long w = zvar("w", CDF_INT4, 1, {});
     ASSERT_EQ(put(w, 0, {42}), CDF_OK);  // after it in the file
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto before = stored_blocks(file_bytes(path("m.cdf")), 0);
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    const auto before = blocks("m");
     ASSERT_EQ(before.size(), 1u);
 
     reopen("m");
     const auto values = noise(100, 2);
     ASSERT_EQ(put(0, 0, values), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), DID_NOT_COMPRESS);
+    ASSERT_EQ(close_cdf(), DID_NOT_COMPRESS);
     const auto bytes = file_bytes(path("m.cdf"));
     const auto after = stored_blocks(bytes, 0);
     ASSERT_EQ(after.size(), 1u);
@@ -198,19 +186,19 @@ TEST_F(BlockLifecycle, RewriteThatGrowsMovesAndFreesTheOldPlace) {
     reopen("m");  // validation walks the records: they still tile the file
     EXPECT_EQ(get(0, 0, 100), values);
     EXPECT_EQ(get(1, 0, 1), std::vector<std::int32_t>{42});
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 TEST_F(BlockLifecycle, RewriteOfTheLastRecordInTheFileGrowsInPlace) {
     const long v = make("e");
     ASSERT_EQ(put(v, 0, std::vector<std::int32_t>(100, 0)), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto before = stored_blocks(file_bytes(path("e.cdf")), 0);
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    const auto before = blocks("e");
     reopen("e");
     std::vector<std::int32_t> values(100);
     for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<std::int32_t>(i * i);
     ASSERT_EQ(put(0, 0, values), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
     const auto bytes = file_bytes(path("e.cdf"));
     const auto after = stored_blocks(bytes, 0);
     ASSERT_EQ(after.size(), 1u);
@@ -220,7 +208,7 @@ TEST_F(BlockLifecycle, RewriteOfTheLastRecordInTheFileGrowsInPlace) {
     EXPECT_EQ(be(bytes, 320 + 64, 8), 0);  // nothing freed
     reopen("e");
     EXPECT_EQ(get(0, 0, 100), values);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 TEST_F(BlockLifecycle, MovingToANewBlockReportsAnUncompressedOne) {
@@ -240,7 +228,7 @@ TEST_F(BlockLifecycle, MovingToANewBlockReportsAnUncompressedOne) {
                      NULL_),
               CDF_OK);
     EXPECT_STREQ(back, text);
-    EXPECT_EQ(CDFlib(CLOSE_, CDF_, NULL_), DID_NOT_COMPRESS);
+    EXPECT_EQ(close_cdf(), DID_NOT_COMPRESS);
 }
 
 TEST_F(BlockLifecycle, InitialRecordsAreCompressedPads) {
@@ -250,12 +238,11 @@ TEST_F(BlockLifecycle, InitialRecordsAreCompressedPads) {
     EXPECT_EQ(get_long(zVAR_MAXREC_), 4);
     EXPECT_EQ(get(0, 0, 5), std::vector<std::int32_t>(5, 0));
     EXPECT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 2L, NULL_), CANNOT_CHANGE);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto blocks = stored_blocks(file_bytes(path("i.cdf")), 0);
-    ASSERT_EQ(blocks.size(), 1u);
-    EXPECT_EQ(blocks[0].last, 4);
-    EXPECT_EQ(blocks[0].type, 13);
-    EXPECT_EQ(blocks[0].c_size, 2);  // RLE: 00 13
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    const auto stored = blocks("i");
+    EXPECT_EQ(spans(stored), (Spans{{0, 4}}));
+    EXPECT_EQ(stored.at(0).type, 13);
+    EXPECT_EQ(stored.at(0).c_size, 2);  // RLE: 00 13
 }
 
 TEST_F(BlockLifecycle, NonRecordVariantVariableKeepsOneRecordBlock) {
@@ -270,18 +257,9 @@ TEST_F(BlockLifecycle, NonRecordVariantVariableKeepsOneRecordBlock) {
         CDF_OK);
     EXPECT_EQ(get_long(zVAR_BLOCKINGFACTOR_), 1);
     EXPECT_EQ(get_long(zVAR_MAXREC_), 0);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    const auto blocks = stored_blocks(file_bytes(path("n.cdf")), 0);
-    ASSERT_EQ(blocks.size(), 1u);
-    EXPECT_EQ(blocks[0].first, 0);
-    EXPECT_EQ(blocks[0].last, 0);
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    EXPECT_EQ(spans(blocks("n")), (Spans{{0, 0}}));
 }
-
-}  // namespace
-
-namespace {
-
-using cdfgate::test::CompressionTest;
 
 // Settings around compression, one row per call, on fresh variables of a new CDF.
 TEST_F(CompressionTest, SettingsAroundCompressionGiveTheReferenceStatuses) {
@@ -318,13 +296,11 @@ TEST_F(CompressionTest, SettingsAroundCompressionGiveTheReferenceStatuses) {
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATERECS_, 5L, NULL_), CANNOT_ALLOCATE_RECORDS);
 
     // Turning compression off again before any record.
-    long type = -9, parms[CDF_MAX_PARMS] = {-9}, pct = -9;
-    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, NO_COMPRESSION, zero, GET_, zVAR_COMPRESSION_, &type,
-                     parms, &pct, NULL_),
-              CDF_OK);
-    EXPECT_EQ(type, NO_COMPRESSION);
-    EXPECT_EQ(parms[0], -9);
-    EXPECT_EQ(pct, 100);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, NO_COMPRESSION, zero, NULL_), CDF_OK);
+    const Compression c = get_compression(zVAR_COMPRESSION_);
+    EXPECT_EQ(c.type, NO_COMPRESSION);
+    EXPECT_EQ(c.parm, -9);
+    EXPECT_EQ(c.pct, 100);
 
     // A non-record-variant variable takes blocking factor 1 whatever is asked.
     zvar("c", CDF_INT4, 1, {}, NOVARY);
@@ -332,27 +308,22 @@ TEST_F(CompressionTest, SettingsAroundCompressionGiveTheReferenceStatuses) {
     EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 8L, NULL_), FORCED_PARAMETER);
     ASSERT_EQ(CDFlib(GET_, zVAR_BLOCKINGFACTOR_, &value, NULL_), CDF_OK);
     EXPECT_EQ(value, 1);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 // Variables compressed inside a whole-file compressed CDF.
 TEST_F(CompressionTest, CompressedVariablesInsideACompressedFile) {
-    SampleOptions o;
-    o.var_type = AHUFF_COMPRESSION;
-    o.file_type = GZIP_COMPRESSION;
-    o.file_parm = 9;
-    ASSERT_EQ(write_sample("both", o), CDF_OK);
-    CDFid id = nullptr;
-    ASSERT_EQ(CDFlib(OPEN_, CDF_, path("both").c_str(), &id, NULL_), CDF_OK);
-    long type = -9, parms[CDF_MAX_PARMS] = {}, pct = -9;
-    ASSERT_EQ(CDFlib(GET_, CDF_COMPRESSION_, &type, parms, &pct, NULL_), CDF_OK);
-    EXPECT_EQ(type, GZIP_COMPRESSION);
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 1L, GET_, zVAR_COMPRESSION_, &type, parms, &pct, NULL_),
-              CDF_OK);
-    EXPECT_EQ(type, AHUFF_COMPRESSION);
-    EXPECT_EQ(pct, 50);  // as in var_ahuff.cdf
+    ASSERT_EQ(
+        write_sample(
+            "both", {.var_type = AHUFF_COMPRESSION, .file_type = GZIP_COMPRESSION, .file_parm = 9}),
+        CDF_OK);
+    ASSERT_EQ(open_cdf(path("both")), CDF_OK);
+    EXPECT_EQ(get_compression(CDF_COMPRESSION_).type, GZIP_COMPRESSION);
+    const Compression c = var_compression(1);
+    EXPECT_EQ(c.type, AHUFF_COMPRESSION);
+    EXPECT_EQ(c.pct, 50);  // as in var_ahuff.cdf
     expect_sample_values();
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -28,6 +29,36 @@ inline std::vector<std::uint8_t> file_bytes(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+inline void write_file(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(bytes.data()),
+              static_cast<std::streamsize>(bytes.size()));
+}
+
+// What getzVarCompression or getCompression reports.
+struct Compression {
+    long type = -9, parm = -9, pct = -9;
+};
+inline Compression get_compression(long item) {
+    Compression c;
+    long parms[CDF_MAX_PARMS] = {-9};
+    EXPECT_EQ(CDFlib(GET_, item, &c.type, parms, &c.pct, NULL_), CDF_OK);
+    c.parm = parms[0];
+    return c;
+}
+inline Compression var_compression(long var) {
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_, var, NULL_), CDF_OK);
+    return get_compression(zVAR_COMPRESSION_);
+}
+
+inline CDFstatus open_cdf(const std::string& path) {
+    CDFid id = nullptr;
+    return CDFlib(OPEN_, CDF_, path.c_str(), &id, NULL_);
+}
+inline CDFstatus close_cdf() {
+    return CDFlib(CLOSE_, CDF_, NULL_);
+}
+
 // Record r of the samples' variables r8, i2, ch and blk.
 inline std::array<double, 4> r8_record(long r) {
     return {static_cast<double>(r), 0.0, r * 0.25, r % 5 == 0 ? 0.0 : 1000 + r / 8.0};
@@ -44,6 +75,25 @@ inline std::string ch_record(long r) {
 }
 inline short blk_record(long r) {
     return r % 10 == 0 ? static_cast<short>(r) : 0;
+}
+
+// How the samples' file is written.
+struct SampleOptions {
+    long var_type = NO_COMPRESSION;  // compression of the four variables
+    long var_parm = 0;
+    long reserve = 0;
+    long file_type = NO_COMPRESSION;  // compression of the whole file
+    long file_parm = 0;
+    bool md5 = false;
+};
+
+// Byte-for-byte equality, naming the first difference.
+inline void expect_same_bytes(const std::vector<std::uint8_t>& ours,
+                              const std::vector<std::uint8_t>& theirs) {
+    ASSERT_EQ(ours.size(), theirs.size());
+    const auto diff = std::mismatch(ours.begin(), ours.end(), theirs.begin());
+    EXPECT_TRUE(diff.first == ours.end())
+        << "first difference at byte " << (diff.first - ours.begin());
 }
 
 class CompressionTest : public ::testing::Test {
@@ -83,25 +133,9 @@ class CompressionTest : public ::testing::Test {
                       zVAR_RECINTERVAL_, 1L, PUT_, zVAR_HYPERDATA_, values, NULL_);
     }
 
-    struct SampleOptions {
-        long var_type = NO_COMPRESSION;  // compression of the four variables
-        long var_parm = 0;
-        long reserve = 0;
-        long file_type = NO_COMPRESSION;  // compression of the whole file
-        long file_parm = 0;
-        bool md5 = false;
-    };
-
     // The samples' file: title, the four variables (compressed as asked, reserve
     // percent as given), blk with blocking factor 40, records 0..99 written in
     // turn. Returns the status of the close.
-    CDFstatus write_sample(const std::string& name, long type, long parm, long reserve = 0) {
-        SampleOptions o;
-        o.var_type = type;
-        o.var_parm = parm;
-        o.reserve = reserve;
-        return write_sample(name, o);
-    }
     CDFstatus write_sample(const std::string& name, const SampleOptions& o) {
         CDFid id = nullptr;
         EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(name).c_str()), &id), CDF_OK);
@@ -143,7 +177,7 @@ class CompressionTest : public ::testing::Test {
             EXPECT_GE(put_record(ch, r, c.data()), CDF_OK) << r;
             EXPECT_GE(put_record(blk, r, &d), CDF_OK) << r;
         }
-        return CDFlib(CLOSE_, CDF_, NULL_);
+        return close_cdf();
     }
 
     // Checks every value of the samples' four variables in the open current CDF.

@@ -1,8 +1,7 @@
-// Damaged compressed variables and compression parameters: each gives the status
-// the reference library gives, on open or when the block is read.
+// Damaged and cut compressed variables and compression parameters: each gives the
+// status the reference library gives, on open or when the block is read.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -10,9 +9,7 @@
 
 namespace {
 
-using cdfgate::test::CompressionTest;
-using cdfgate::test::file_bytes;
-using cdfgate::test::shared_data;
+using namespace cdfgate::test;
 
 class DamagedBlocks : public CompressionTest {
   protected:
@@ -21,9 +18,7 @@ class DamagedBlocks : public CompressionTest {
         auto bytes = file_bytes(shared_data(std::string("compression/") + sample));
         for (const auto& [at, value] : edits) bytes.at(at) = static_cast<std::uint8_t>(value);
         const std::string name = path("d" + std::to_string(++count_));
-        std::ofstream out(name + ".cdf", std::ios::binary | std::ios::trunc);
-        out.write(reinterpret_cast<const char*>(bytes.data()),
-                  static_cast<std::streamsize>(bytes.size()));
+        write_file(name + ".cdf", bytes);
         return name;
     }
     // Reads all 100 records of variable var of the open current CDF.
@@ -58,35 +53,52 @@ TEST_F(DamagedBlocks, DamagedPayloadsFailWhenRead) {
         {"gzip trailer damaged", "var_gzip6.cdf", {{0xaac + 671, 0x81}}, 0, ZLIB_UNCOMPRESS_ERROR},
     };
     for (const Row& row : rows) {
-        CDFid id = nullptr;
-        ASSERT_EQ(CDFlib(OPEN_, CDF_, damaged(row.sample, row.edits).c_str(), &id, NULL_), CDF_OK)
-            << row.what;
+        ASSERT_EQ(open_cdf(damaged(row.sample, row.edits)), CDF_OK) << row.what;
         EXPECT_EQ(read_all(row.var), row.status) << row.what;
         EXPECT_EQ(read_all(1), CDF_OK) << row.what;  // other variables still read
-        ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+        ASSERT_EQ(close_cdf(), CDF_OK);
     }
 }
 
 // The CPR of r8 in var_gzip6.cdf is at 0x8b2; its parameter at 0x8ca.
 TEST_F(DamagedBlocks, InvalidParameterIsCorruptionUnderValidation) {
     const std::string name = damaged("var_gzip6.cdf", {{0x8ca + 3, 0}});  // level 0
-    CDFid id = nullptr;
-    EXPECT_EQ(CDFlib(OPEN_, CDF_, name.c_str(), &id, NULL_), CORRUPTED_V3_CDF);
+    EXPECT_EQ(open_cdf(name), CORRUPTED_V3_CDF);
     CDFsetValidate(VALIDATEFILEoff);
-    ASSERT_EQ(CDFlib(OPEN_, CDF_, name.c_str(), &id, NULL_), CDF_OK);
+    ASSERT_EQ(open_cdf(name), CDF_OK);
     EXPECT_EQ(read_all(0), UNKNOWN_COMPRESSION);
     EXPECT_EQ(read_all(1), CDF_OK);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
+    ASSERT_EQ(close_cdf(), CDF_OK);
 }
 
 // The CPR of file_gzip6.cdf follows its CCR at 0x90c.
 TEST_F(DamagedBlocks, WholeFileWithAnInvalidParameterDoesNotOpen) {
-    CDFid id = nullptr;
-    EXPECT_EQ(
-        CDFlib(OPEN_, CDF_, damaged("file_gzip6.cdf", {{0x90c + 27, 12}}).c_str(), &id, NULL_),
-        UNKNOWN_COMPRESSION);
-    EXPECT_EQ(CDFlib(OPEN_, CDF_, damaged("file_gzip6.cdf", {{0x90c + 15, 4}}).c_str(), &id, NULL_),
+    EXPECT_EQ(open_cdf(damaged("file_gzip6.cdf", {{0x90c + 27, 12}})), UNKNOWN_COMPRESSION);
+    EXPECT_EQ(open_cdf(damaged("file_gzip6.cdf", {{0x90c + 15, 4}})),
               UNKNOWN_COMPRESSION);  // the retired type 4
+}
+
+// The reference library's file ends inside the unused room of its last CVVR and
+// reads; cut inside the payload, it is a truncated file.
+TEST_F(DamagedBlocks, FileEndingInsideTheReserveRoomReads) {
+    const std::string file = shared_data("compression/var_gzip6_reserve50_short.cdf").string();
+    ASSERT_EQ(open_cdf(file), CDF_OK);
+    std::vector<double> values(2048 * 4);
+    long count[] = {4}, zero[] = {0}, one[] = {1};
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, 2048L,
+                     zVAR_DIMINDICES_, zero, zVAR_DIMCOUNTS_, count, zVAR_DIMINTERVALS_, one, GET_,
+                     zVAR_HYPERDATA_, values.data(), NULL_),
+              CDF_OK);
+    for (std::size_t r = 0; r < 2048; ++r) {
+        ASSERT_EQ(values[r * 4], static_cast<double>(r));
+        ASSERT_EQ(values[r * 4 + 1] + values[r * 4 + 2] + values[r * 4 + 3], 0.0);
+    }
+    EXPECT_EQ(var_compression(0).pct, 50);
+    ASSERT_EQ(close_cdf(), CDF_OK);
+    auto bytes = file_bytes(file);
+    bytes.resize(0x3a4 + 24 + 1000);
+    write_file(path("cut.cdf"), bytes);
+    EXPECT_EQ(open_cdf(path("cut")), CDF_READ_ERROR);
 }
 
 }  // namespace

@@ -51,25 +51,11 @@ std::vector<RawVector> read_vectors(const std::string& relative_path) {
     return vectors;
 }
 
-std::uint64_t be(const Bytes& b, std::size_t offset, std::size_t width) {
-    if (offset + width > b.size()) throw std::runtime_error("field beyond end of file");
-    std::uint64_t v = 0;
-    for (std::size_t i = 0; i < width; ++i) v = (v << 8) | b[offset + i];
-    return v;
-}
-
 std::string method_name(Method m) {
-    switch (m) {
-        case Method::Rle:
-            return "Rle";
-        case Method::Huff:
-            return "Huff";
-        case Method::Ahuff:
-            return "Ahuff";
-        case Method::Gzip:
-            return "Gzip";
-    }
-    return "Unknown";
+    // Indexed by the compression type number.
+    static const char* const names[] = {"None", "Rle", "Huff", "Ahuff", "Unknown", "Gzip"};
+    const auto i = static_cast<std::size_t>(m);
+    return i < std::size(names) ? names[i] : "Unknown";
 }
 
 Bytes random_bytes(std::size_t n, std::uint32_t seed) {

@@ -28,9 +28,6 @@ std::vector<RawVector> read_vectors(const std::string& relative_path);
 
 Bytes from_hex(const std::string& hex);
 
-// Reads a big-endian integer of `width` bytes.
-std::uint64_t be(const Bytes& b, std::size_t offset, std::size_t width);
-
 std::string method_name(Method m);
 
 // Deterministic pseudo-random bytes.

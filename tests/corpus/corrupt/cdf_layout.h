@@ -1,11 +1,9 @@
-// Just enough of the file layout to aim damage at real records: the record chain,
-// the descriptor lists and the header fields of a v2 or v3 file, all big-endian.
+// Just enough of the file layout to aim damage at real records: the record chain
+// and the header fields of a v2 or v3 file, all big-endian.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace cdfgate::corrupt {
@@ -16,14 +14,12 @@ class Layout {
   public:
     explicit Layout(const Bytes& bytes);
 
-    bool v3() const { return v3_; }
     // Width of an offset or record-size field: 8 in v3 files, 4 in v2.
     std::size_t width() const { return v3_ ? 8 : 4; }
     std::uint64_t field(std::size_t at, std::size_t size) const;
 
     // Records tiling the file from offset 8 up to the GDR's eof (or the file's end).
     const std::vector<std::size_t>& records() const { return records_; }
-    std::size_t gdr() const { return gdr_; }
     std::size_t eof() const { return eof_; }
     std::int32_t type_of(std::size_t record) const;
 
@@ -32,10 +28,6 @@ class Layout {
         return record + (v3_ ? v3_offset : v2_offset);
     }
 
-    // Heads of the descriptor lists (0 when empty).
-    std::size_t zvdr_head() const { return field(at(gdr_, 20, 12), width()); }
-    std::size_t rvdr_head() const { return field(at(gdr_, 12, 8), width()); }
-    std::size_t adr_head() const { return field(at(gdr_, 28, 16), width()); }
     // Every record of one type, in file order.
     std::vector<std::size_t> of_type(std::int32_t type) const;
 

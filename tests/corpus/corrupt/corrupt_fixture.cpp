@@ -20,13 +20,12 @@ Bytes file_bytes(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-std::vector<std::string> shared_cdfs(const std::string& folder) {
+std::vector<std::string> cdfs_in(const std::filesystem::path& dir, const std::string& prefix) {
     std::vector<std::string> out;
     std::error_code ec;
-    for (const auto& entry : std::filesystem::directory_iterator(shared_data(folder), ec)) {
-        if (entry.path().extension() == ".cdf") {
-            out.push_back(folder + "/" + entry.path().filename().string());
-        }
+    for (const auto& entry : std::filesystem::directory_iterator(dir, ec)) {
+        if (entry.path().extension() == ".cdf")
+            out.push_back(prefix + entry.path().filename().string());
     }
     std::sort(out.begin(), out.end());
     return out;

@@ -22,8 +22,12 @@ enum class Expect {
 
 std::filesystem::path shared_data(const std::string& relative);
 Bytes file_bytes(const std::filesystem::path& path);
-// The .cdf files of a shared data folder (samples, format, compression), sorted.
-std::vector<std::string> shared_cdfs(const std::string& folder);
+// The .cdf files of a folder, sorted, each prefixed with `prefix`.
+std::vector<std::string> cdfs_in(const std::filesystem::path& dir, const std::string& prefix = "");
+// The .cdf files of a shared data folder (samples, format, compression) as "folder/name".
+inline std::vector<std::string> shared_cdfs(const std::string& folder) {
+    return cdfs_in(shared_data(folder), folder + "/");
+}
 // A name usable as a test name.
 std::string test_name(const std::string& relative);
 

@@ -1,6 +1,8 @@
 // Every shared CDF (samples, format and compression files) cut short and with flipped header bytes.
 // Big files are sampled: a bounded number of record boundaries, evenly spread, and a few offsets
-// drawn with a fixed seed, so runs are repeatable and the suite stays short.
+// drawn with a fixed seed, so runs are repeatable and the suite stays short. And the inputs that
+// once broke the engine (tests/corpus/regressions/*.cdf, saved from fuzz_engine_open findings),
+// replayed whole, one test each.
 #include <algorithm>
 #include <random>
 
@@ -93,6 +95,22 @@ TEST_P(WholeFileDamage, FlippedHeaderBytesGiveStatuses) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Shared, WholeFileDamage, ::testing::ValuesIn(all_samples()),
+                         [](const auto& info) { return test_name(info.param); });
+
+const std::filesystem::path kRegressions =
+    std::filesystem::path(CDFGATE_SOURCE_DIR) / "tests" / "corpus" / "regressions";
+
+class RegressionFiles : public CorruptFiles, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(RegressionFiles, GiveStatusesAndErrors) {
+    const Bytes bytes = file_bytes(kRegressions / GetParam());
+    ASSERT_FALSE(bytes.empty()) << GetParam();
+    expect_handled(bytes, GetParam(), Expect::Anything);
+}
+
+// The folder may be empty: nothing has been found yet.
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(RegressionFiles);
+INSTANTIATE_TEST_SUITE_P(Found, RegressionFiles, ::testing::ValuesIn(cdfs_in(kRegressions)),
                          [](const auto& info) { return test_name(info.param); });
 
 }  // namespace

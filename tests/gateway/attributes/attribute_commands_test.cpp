@@ -1,9 +1,10 @@
 // Attributes and scopes: creating, naming, numbering, counting and inquiring.
+#include <set>
 #include <string>
 #include <vector>
 
-#include "attribute_test_files.h"
 #include "attributes/attribute_scope.h"
+#include "variables/scratch_cdf.h"
 
 namespace cdfgate::testing {
 namespace {
@@ -14,21 +15,21 @@ Array number(double value) {
     return Array::scalar(value);
 }
 
-class AttributeCommands : public NewCdfTest {
+class AttributeCommands : public ::testing::Test {
   protected:
+    const Array& id() const { return cdf_.id(); }
     double createAttr(const std::string& name, long scope) {
         return call("createAttr", {id(), Array::text(name), number(static_cast<double>(scope))})
             .at(0)
             .scalarValue();
     }
+
+    ScratchCdf cdf_{ROW_MAJOR};
 };
 
-TEST_F(AttributeCommands, CountsOfANewFileAreZeroDoubles) {
+TEST_F(AttributeCommands, CreatedAttributesAreNumberedNamedAndScoped) {
     EXPECT_EQ(call("getNumgAttributes", {id()}).at(0), Array::scalar(0));
     EXPECT_EQ(call("getNumvAttributes", {id()}).at(0), Array::scalar(0));
-}
-
-TEST_F(AttributeCommands, CreatedAttributesAreNumberedNamedAndScoped) {
     EXPECT_EQ(createAttr("TITLE", GLOBAL_SCOPE), 0);
     EXPECT_EQ(createAttr("UNITS", VARIABLE_SCOPE), 1);
     EXPECT_EQ(createAttr("HISTORY", GLOBAL_SCOPE), 2);
@@ -41,18 +42,13 @@ TEST_F(AttributeCommands, CreatedAttributesAreNumberedNamedAndScoped) {
     EXPECT_EQ(call("getAttrScope", {id(), number(1)}).at(0), Array::text("VARIABLE_SCOPE"));
 }
 
-TEST_F(AttributeCommands, AttributeNumbersAreTruncatedTowardZero) {
+TEST_F(AttributeCommands, AttributeNumbersAreTruncatedAndFullLengthNamesKept) {
+    const std::string longest(CDF_ATTR_NAME_LEN256, 'n');
     createAttr("first", GLOBAL_SCOPE);
     createAttr("second", GLOBAL_SCOPE);
-    createAttr("third", GLOBAL_SCOPE);
-    EXPECT_EQ(call("getAttrName", {id(), number(2.7)}).at(0), Array::text("third"));
-    EXPECT_EQ(call("getAttrName", {id(), number(-0.5)}).at(0), Array::text("first"));
-}
-
-TEST_F(AttributeCommands, NamesOfTheFullLengthComeBackWhole) {
-    const std::string longest(CDF_ATTR_NAME_LEN256, 'n');
     createAttr(longest, GLOBAL_SCOPE);
-    EXPECT_EQ(call("getAttrName", {id(), number(0)}).at(0), Array::text(longest));
+    EXPECT_EQ(call("getAttrName", {id(), number(2.7)}).at(0), Array::text(longest));
+    EXPECT_EQ(call("getAttrName", {id(), number(-0.5)}).at(0), Array::text("first"));
 }
 
 TEST_F(AttributeCommands, RenameAndDeleteChangeTheFile) {
@@ -80,26 +76,17 @@ TEST_F(AttributeCommands, InquireAttrGivesNameScopeAndTheGAndZMaxima) {
     call("putAttrEntry",
          {id(), number(1), number(2), number(CDF_INT4), Array::of<std::int32_t>({1})});
 
-    const std::vector<Array> global = call("inquireAttr", {id(), number(0)}, 4);
-    ASSERT_EQ(global.size(), 4u);
-    EXPECT_EQ(global[0], Array::text("G"));
-    EXPECT_EQ(global[1], Array::text("GLOBAL_SCOPE"));
-    EXPECT_EQ(global[2], Array::scalar(5));
-    EXPECT_EQ(global[3], Array::scalar(-1));
-
-    const std::vector<Array> variable = call("inquireAttr", {id(), number(1)}, 4);
-    ASSERT_EQ(variable.size(), 4u);
-    EXPECT_EQ(variable[0], Array::text("V"));
-    EXPECT_EQ(variable[1], Array::text("VARIABLE_SCOPE"));
-    EXPECT_EQ(variable[2], Array::scalar(-1));
-    EXPECT_EQ(variable[3], Array::scalar(2));
+    EXPECT_EQ(call("inquireAttr", {id(), number(0)}, 4),
+              (std::vector<Array>{Array::text("G"), Array::text("GLOBAL_SCOPE"), Array::scalar(5),
+                                  Array::scalar(-1)}));
+    EXPECT_EQ(call("inquireAttr", {id(), number(1)}, 4),
+              (std::vector<Array>{Array::text("V"), Array::text("VARIABLE_SCOPE"),
+                                  Array::scalar(-1), Array::scalar(2)}));
 }
 
 TEST_F(AttributeCommands, InquireAttrFillsOnlyTheSlotsTheHostOffers) {
     createAttr("G", GLOBAL_SCOPE);
-    const std::vector<Array> results = call("inquireAttr", {id(), number(0)}, 1);
-    ASSERT_EQ(results.size(), 1u);
-    EXPECT_EQ(results[0], Array::text("G"));
+    EXPECT_EQ(call("inquireAttr", {id(), number(0)}, 1), std::vector<Array>{Array::text("G")});
     EXPECT_EQ(call("inquireAttr", {id(), number(0)}, 0).size(), 1u);
 }
 
@@ -130,60 +117,41 @@ TEST(AttributeScopeNames, OnlyTheTwoScopesHaveNames) {
     }
 }
 
-// A command, its inputs after the CDFID, and the failure it reports.
-struct FailureCase {
-    const char* command;
-    std::vector<Array> (*inputs)();
-    const char* function;
-    CDFstatus status;
-};
-
-std::vector<Array> attribute(double n) {
-    return {Array::scalar(n)};
-}
-
-// Attribute 0 is global "G", attribute 1 variable "V"; attribute 7 does not exist.
-const FailureCase kFailures[] = {
-    {"createAttr",
-     [] {
-         return std::vector<Array>{Array::text("G"), Array::scalar(1)};
-     },
-     "CDFcreateAttr", ATTR_EXISTS},
-    {"createAttr",
-     [] {
-         return std::vector<Array>{Array::text("S"), Array::scalar(7)};
-     },
-     "CDFcreateAttr", BAD_SCOPE},
-    {"deleteAttr", [] { return attribute(7); }, "CDFdeleteAttr", NO_SUCH_ATTR},
-    {"renameAttr",
-     [] {
-         return std::vector<Array>{Array::scalar(7), Array::text("x")};
-     },
-     "CDFrenameAttr", NO_SUCH_ATTR},
-    {"renameAttr",
-     [] {
-         return std::vector<Array>{Array::scalar(1), Array::text("G")};
-     },
-     "CDFrenameAttr", ATTR_EXISTS},
-    {"getAttrName", [] { return attribute(7); }, "CDFgetAttrName", NO_SUCH_ATTR},
-    {"getAttrNum", [] { return std::vector<Array>{Array::text("missing")}; }, "CDFgetAttrNum",
-     NO_SUCH_ATTR},
-    {"getAttrScope", [] { return attribute(7); }, "CDFgetAttrScope", NO_SUCH_ATTR},
-    {"inquireAttr", [] { return attribute(7); }, "CDFinquireCDF", NO_SUCH_ATTR},
-    {"getAttrMaxgEntry", [] { return attribute(7); }, "CDFgetAttrMaxgEntry", NO_SUCH_ATTR},
-    {"getAttrMaxgEntry", [] { return attribute(1); }, "CDFgetAttrMaxgEntry", ILLEGAL_FOR_SCOPE},
-    {"getAttrMaxEntry", [] { return attribute(0); }, "CDFgetAttrMaxzEntry", ILLEGAL_FOR_SCOPE},
-    {"getNumAttrgEntries", [] { return attribute(1); }, "CDFgetNumAttrgEntries", ILLEGAL_FOR_SCOPE},
-    {"getNumAttrEntries", [] { return attribute(0); }, "CDFgetNumAttrzEntries", ILLEGAL_FOR_SCOPE},
-    {"getNumAttrEntries", [] { return attribute(-1); }, "CDFgetNumAttrzEntries", BAD_ATTR_NUM},
-};
-
 TEST_F(AttributeCommands, LibraryRefusalsNameTheCommandsFunction) {
+    // A command, its inputs after the CDFID, and the failure it reports.
+    struct FailureCase {
+        const char* command;
+        std::vector<Array> inputs;
+        const char* function;
+        CDFstatus status;
+    };
     createAttr("G", GLOBAL_SCOPE);
     createAttr("V", VARIABLE_SCOPE);
-    for (const FailureCase& row : kFailures) {
+    const Array global = number(0);
+    const Array variable = number(1);
+    const Array missing = number(7);
+    // clang-format off
+    const FailureCase cases[] = {
+        {"createAttr", {Array::text("G"), number(1)}, "CDFcreateAttr", ATTR_EXISTS},
+        {"createAttr", {Array::text("S"), number(7)}, "CDFcreateAttr", BAD_SCOPE},
+        {"deleteAttr", {missing}, "CDFdeleteAttr", NO_SUCH_ATTR},
+        {"renameAttr", {missing, Array::text("x")}, "CDFrenameAttr", NO_SUCH_ATTR},
+        {"renameAttr", {variable, Array::text("G")}, "CDFrenameAttr", ATTR_EXISTS},
+        {"getAttrName", {missing}, "CDFgetAttrName", NO_SUCH_ATTR},
+        {"getAttrNum", {Array::text("missing")}, "CDFgetAttrNum", NO_SUCH_ATTR},
+        {"getAttrScope", {missing}, "CDFgetAttrScope", NO_SUCH_ATTR},
+        {"inquireAttr", {missing}, "CDFinquireCDF", NO_SUCH_ATTR},
+        {"getAttrMaxgEntry", {missing}, "CDFgetAttrMaxgEntry", NO_SUCH_ATTR},
+        {"getAttrMaxgEntry", {variable}, "CDFgetAttrMaxgEntry", ILLEGAL_FOR_SCOPE},
+        {"getAttrMaxEntry", {global}, "CDFgetAttrMaxzEntry", ILLEGAL_FOR_SCOPE},
+        {"getNumAttrgEntries", {variable}, "CDFgetNumAttrgEntries", ILLEGAL_FOR_SCOPE},
+        {"getNumAttrEntries", {global}, "CDFgetNumAttrzEntries", ILLEGAL_FOR_SCOPE},
+        {"getNumAttrEntries", {number(-1)}, "CDFgetNumAttrzEntries", BAD_ATTR_NUM},
+    };
+    // clang-format on
+    for (const FailureCase& row : cases) {
         SCOPED_TRACE(std::string(row.command) + " reported as " + row.function);
-        std::vector<Array> inputs = row.inputs();
+        std::vector<Array> inputs = row.inputs;
         inputs.insert(inputs.begin(), id());
         expectHostError([&] { call(row.command, inputs, 4); }, cdflibId("libraryFailure"),
                         failure(row.function, row.status));
@@ -251,14 +219,9 @@ TEST_F(AttributeCommands, NumericInputsOtherThanDoubleScalarsAreRefusedByName) {
 }
 
 TEST_F(AttributeCommands, FileIdentifiersAreCheckedFirst) {
-    const char* commands[] = {"createAttr",        "deleteAttr",        "renameAttr",
-                              "getAttrName",       "getAttrNum",        "getAttrScope",
-                              "inquireAttr",       "getNumgAttributes", "getNumvAttributes",
-                              "getAttrMaxgEntry",  "getAttrMaxEntry",   "getNumAttrgEntries",
-                              "getNumAttrEntries", "getAttrgEntry",     "getAttrEntry",
-                              "inquireAttrgEntry", "inquireAttrEntry",  "deleteAttrgEntry",
-                              "deleteAttrEntry",   "putAttrEntry",      "putAttrgEntry"};
-    for (const std::string command : commands) {
+    std::set<std::string> commands{"getAttrNum", "getNumgAttributes", "getNumvAttributes"};
+    for (const ArgumentCase& row : kArguments) commands.insert(row.command);
+    for (const std::string& command : commands) {
         SCOPED_TRACE(command);
         std::vector<Array> inputs = validInputs(command);
         if (command == "getAttrNum") inputs = {Array::text("G")};
@@ -270,7 +233,7 @@ TEST_F(AttributeCommands, FileIdentifiersAreCheckedFirst) {
         expectHostError([&] { call(command, asDouble, 4); }, validateId("argumentNotUint64Scalar"),
                         {std::string("CDFID")});
         std::vector<Array> unknown = inputs;
-        unknown.insert(unknown.begin(), Array::uint64(cdf_.handle().data<std::uint64_t>()[0] + 1));
+        unknown.insert(unknown.begin(), Array::uint64(cdf_.id().data<std::uint64_t>()[0] + 1));
         expectHostError([&] { call(command, unknown, 4); }, cdflibId("invalidFileId"));
     }
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "attribute_test_files.h"
+#include "variables/scratch_cdf.h"
 
 namespace cdfgate::testing {
 namespace {
@@ -15,16 +15,9 @@ Array number(double value) {
     return Array::scalar(value);
 }
 
-// Attribute 0 is global "G", attribute 1 variable "V"; attribute 9 does not exist.
-class EntryCommands : public NewCdfTest {
+// Attribute 9 does not exist.
+class EntryCommands : public AttributeFileTest {
   protected:
-    void SetUp() override {
-        NewCdfTest::SetUp();
-        addVariable("v0");
-        call("createAttr", {id(), Array::text("G"), number(GLOBAL_SCOPE)});
-        call("createAttr", {id(), Array::text("V"), number(VARIABLE_SCOPE)});
-    }
-
     void put(const char* command, double attr, double entry, long datatype, Array value) {
         call(command, {id(), number(attr), number(entry), number(static_cast<double>(datatype)),
                        std::move(value)});

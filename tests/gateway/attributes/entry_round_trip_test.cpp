@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "attribute_test_files.h"
+#include "variables/scratch_cdf.h"
 
 namespace cdfgate::testing {
 namespace {
@@ -52,16 +52,8 @@ const DatatypeCase kDatatypes[] = {
     // clang-format on
 };
 
-class EntryRoundTrip : public NewCdfTest {
+class EntryRoundTrip : public AttributeFileTest {
   protected:
-    void SetUp() override {
-        NewCdfTest::SetUp();
-        addVariable("v0");
-        addVariable("v1");
-        call("createAttr", {id(), Array::text("G"), Array::scalar(GLOBAL_SCOPE)});
-        call("createAttr", {id(), Array::text("V"), Array::scalar(VARIABLE_SCOPE)});
-    }
-
     // Writes with `writer` to attribute `attr`, entry `entry`, then reads and inquires
     // with the commands of the attribute's kind.
     void roundTrip(const DatatypeCase& row, const char* writer, double attr, double entry,

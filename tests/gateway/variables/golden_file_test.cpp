@@ -2,38 +2,10 @@
 // each majority: the same value at library indices (i, j) must appear at host indices
 // (j, i) of the row-major file and (i, j) of the column-major one. Record r holds
 // 100r + 10i + j.
-#include <filesystem>
-
 #include "scratch_cdf.h"
 
 namespace cdfgate::testing {
 namespace {
-
-class GoldenFile {
-  public:
-    explicit GoldenFile(const char* name)
-        : copy_(std::filesystem::temp_directory_path() /
-                ("cdfgate_gwvars_golden_" + std::to_string(::getpid()) + "_" + name)) {
-        const std::filesystem::path source =
-            std::filesystem::path(CDFGATE_SHARED_DATA) / "format" / name;
-        std::filesystem::copy_file(source, copy_,
-                                   std::filesystem::copy_options::overwrite_existing);
-        id_ = callOne("open", {Array::text(copy_.string())});
-    }
-    ~GoldenFile() {
-        try {
-            embedded::call("close", {id_}, 0);
-        } catch (...) {
-        }
-        std::error_code ignored;
-        std::filesystem::remove(copy_, ignored);
-    }
-    const Array& id() const { return id_; }
-
-  private:
-    std::filesystem::path copy_;
-    Array id_;
-};
 
 std::vector<std::int32_t> recordValues(std::int32_t record, bool rowMajor) {
     std::vector<std::int32_t> values;
@@ -49,17 +21,17 @@ std::vector<std::int32_t> recordValues(std::int32_t record, bool rowMajor) {
 }
 
 TEST(GoldenFiles, RecordsArriveTransposedFromARowMajorFile) {
-    GoldenFile row("zvar_int4_row.cdf");
+    ScratchCdf row("format/zvar_int4_row.cdf");
     EXPECT_EQ(callOne("getVarRecordData", {row.id(), Array::scalar(0), Array::scalar(1)}),
               Array::of<std::int32_t>(recordValues(1, true), {3, 2}));
-    GoldenFile column("zvar_int4_col.cdf");
+    ScratchCdf column("format/zvar_int4_col.cdf");
     EXPECT_EQ(callOne("getVarRecordData", {column.id(), Array::scalar(0), Array::scalar(1)}),
               Array::of<std::int32_t>(recordValues(1, false), {2, 3}));
 }
 
 TEST(GoldenFiles, IndicesAreGivenInTheHostsOrder) {
-    GoldenFile row("zvar_int4_row.cdf");
-    GoldenFile column("zvar_int4_col.cdf");
+    ScratchCdf row("format/zvar_int4_row.cdf");
+    ScratchCdf column("format/zvar_int4_col.cdf");
     for (std::int32_t i = 0; i < 2; ++i) {
         for (std::int32_t j = 0; j < 3; ++j) {
             const Array expected = Array::of<std::int32_t>({200 + 10 * i + j});
@@ -74,7 +46,7 @@ TEST(GoldenFiles, IndicesAreGivenInTheHostsOrder) {
 }
 
 TEST(GoldenFiles, HyperslabsKeepTheRecordCountLast) {
-    GoldenFile row("zvar_int4_row.cdf");
+    ScratchCdf row("format/zvar_int4_row.cdf");
     const Array slab =
         callOne("hyperGetVarData",
                 {row.id(), Array::scalar(0), Array::scalar(0), Array::scalar(3), Array::scalar(1),

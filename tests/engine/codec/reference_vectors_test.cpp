@@ -2,6 +2,8 @@
 // every payload decodes to its block and every block encodes to the identical payload.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "codec/dispatch.h"
 #include "codec_test_data.h"
 
@@ -15,6 +17,10 @@ struct VectorSet {
     const char* vectors;
     const char* large;
 };
+
+void PrintTo(const VectorSet& v, std::ostream* out) {
+    *out << v.vectors;
+}
 
 class ReferenceVectors : public ::testing::TestWithParam<VectorSet> {};
 

@@ -279,9 +279,6 @@ TEST_F(CompressionTest, SettingsAroundCompressionGiveTheReferenceStatuses) {
     // Reserve percentages: only for compressed variables; reset by a new compression.
     zvar("b", CDF_INT4, 1, {});
     EXPECT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, 20L, NULL_), NA_FOR_VARIABLE);
-    value = -9;
-    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_RESERVEPERCENT_, &value, NULL_), NA_FOR_VARIABLE);
-    EXPECT_EQ(value, 0);
     ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, RLE_COMPRESSION, zero, NULL_), CDF_OK);
     EXPECT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, -1L, NULL_), BAD_COMPRESSION_PARM);
     EXPECT_EQ(
@@ -301,13 +298,6 @@ TEST_F(CompressionTest, SettingsAroundCompressionGiveTheReferenceStatuses) {
     EXPECT_EQ(c.type, NO_COMPRESSION);
     EXPECT_EQ(c.parm, -9);
     EXPECT_EQ(c.pct, 100);
-
-    // A non-record-variant variable takes blocking factor 1 whatever is asked.
-    zvar("c", CDF_INT4, 1, {}, NOVARY);
-    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, gzip, NULL_), CDF_OK);
-    EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 8L, NULL_), FORCED_PARAMETER);
-    ASSERT_EQ(CDFlib(GET_, zVAR_BLOCKINGFACTOR_, &value, NULL_), CDF_OK);
-    EXPECT_EQ(value, 1);
     ASSERT_EQ(close_cdf(), CDF_OK);
 }
 

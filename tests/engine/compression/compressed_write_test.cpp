@@ -4,6 +4,7 @@
 // another deflate than the reference's).
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,10 @@ const Sample kSamples[] = {
      {8},
      CDF_OK},
 };
+
+void PrintTo(const Sample& s, std::ostream* out) {
+    *out << s.file;
+}
 
 class Samples : public CompressionTest, public ::testing::WithParamInterface<Sample> {};
 

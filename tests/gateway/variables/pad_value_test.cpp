@@ -58,16 +58,12 @@ TEST(PadValue, SetChecksClassBeforeCount) {
 
 TEST(PadValue, RefusalsOfTheArgumentsAndTheLibrary) {
     ScratchCdf cdf(ROW_MAJOR);
-    expectHostError(
-        [&] {
-            embedded::call("getVarPadValue", {cdf.id(), Array::text("0")});
-        },
-        validateId("argumentNotDoubleScalar"), {std::string("VARNUM")});
-    expectHostError(
-        [&] {
-            embedded::call("setVarPadValue", {cdf.id(), Array::int64(0), Array::scalar(1)});
-        },
-        validateId("argumentNotDoubleScalar"), {std::string("VARNUM")});
+    // clang-format off
+    expectHostError([&] { embedded::call("getVarPadValue", {cdf.id(), Array::text("0")}); },
+                    validateId("argumentNotDoubleScalar"), {std::string("VARNUM")});
+    expectHostError([&] { embedded::call("setVarPadValue", {cdf.id(), Array::int64(0), Array::scalar(1)}); },
+                    validateId("argumentNotDoubleScalar"), {std::string("VARNUM")});
+    // clang-format on
     expectHostError([&] { getPad(cdf, 3); }, cdflibId("libraryFailure"),
                     failure("CDFinquirezVar", NO_SUCH_VAR));
     expectHostError([&] { setPad(cdf, 3, Array::scalar(1)); }, cdflibId("libraryFailure"),

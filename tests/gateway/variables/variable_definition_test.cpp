@@ -85,14 +85,11 @@ TEST(CreateVar, DefinitionsRoundTripInTheHostsOrder) {
         EXPECT_EQ(library.dimVariances, c.library.dimVariances);
         EXPECT_EQ(library.recordVariance, c.library.recordVariance);
 
-        const std::vector<Array> outputs = inquire(cdf, 0);
-        ASSERT_EQ(outputs.size(), 6u);
-        EXPECT_EQ(outputs[0], Array::text("V"));
-        EXPECT_EQ(outputs[1], Array::text(c.datatypeName));
-        EXPECT_EQ(outputs[2], Array::scalar(static_cast<double>(c.numElements)));
-        EXPECT_EQ(outputs[3], doubleRow(c.dims));
-        EXPECT_EQ(outputs[4], Array::logical({c.recordVariance}));
-        EXPECT_EQ(outputs[5], logicalRow(c.dimVariances));
+        EXPECT_EQ(inquire(cdf, 0),
+                  (std::vector<Array>{Array::text("V"), Array::text(c.datatypeName),
+                                      Array::scalar(static_cast<double>(c.numElements)),
+                                      doubleRow(c.dims), Array::logical({c.recordVariance}),
+                                      logicalRow(c.dimVariances)}));
     }
 }
 
@@ -124,30 +121,24 @@ TEST(CreateVar, RefusesArgumentsInArgumentOrder) {
     const Array dims2 = Array::of<double>({2, 3});
     const Array vary = Array::logical({true});
     const Array vary2 = Array::logical({true, true});
-    expectHostError(create(Array::of<std::int32_t>({4}), one, dims2, vary, vary2),
-                    validateId("argumentNotDoubleScalar"), {std::string("DATATYPE")});
-    expectHostError(create(type, Array::of<double>({1, 1}), dims2, vary, vary2),
-                    validateId("argumentNotDoubleScalar"), {std::string("NUMELEMENTS")});
-    expectHostError(create(type, one, Array::of<std::int32_t>({2, 3}), vary, vary2),
-                    validateId("argumentNotDoublePrecision"), {std::string("DIMS")});
-    expectHostError(create(type, one, dims2, Array::text("true"), Array::text("x")),
-                    cdflibId("badVarianceDatatype"));
-    expectHostError(create(type, one, dims2, Array::of<std::int8_t>({-1}), vary2),
-                    cdflibId("badVarianceDatatype"));
-    expectHostError(create(type, one, dims2, Array::scalar(1), vary2),
-                    cdflibId("unrecognizedValue"), {std::int64_t{1}, std::string("VARIANCE")});
-    expectHostError(create(type, one, dims2, Array::empty(hvLOGICAL_CLASS), vary2),
-                    cdflibId("mismatchedVarianceSize"), {std::int64_t{0}, std::int64_t{1}});
-    expectHostError(create(type, one, dims2, vary, Array::text("true")),
-                    cdflibId("badVarianceDatatype"));
-    expectHostError(create(type, one, dims2, vary, Array::of<double>({1, 0})),
-                    cdflibId("unrecognizedValue"), {std::int64_t{1}, std::string("VARIANCE")});
-    expectHostError(create(type, one, dims2, vary, vary), cdflibId("mismatchedVarianceSize"),
-                    {std::int64_t{1}, std::int64_t{2}});
-    expectHostError(create(type, one, Array::empty(), vary, vary),
-                    cdflibId("mismatchedVarianceSize"), {std::int64_t{1}, std::int64_t{0}});
-    expectHostError(create(type, one, dims2, vary, Array::scalar(1e300)),
-                    validateId("argumentOutOfBounds"));
+    const std::string badVariance = cdflibId("badVarianceDatatype");
+    const std::string unrecognized = cdflibId("unrecognizedValue");
+    const std::string mismatched = cdflibId("mismatchedVarianceSize");
+    const Arguments variance{std::int64_t{1}, std::string("VARIANCE")};
+    // clang-format off
+    expectHostError(create(Array::of<std::int32_t>({4}), one, dims2, vary, vary2), validateId("argumentNotDoubleScalar"), {std::string("DATATYPE")});
+    expectHostError(create(type, Array::of<double>({1, 1}), dims2, vary, vary2), validateId("argumentNotDoubleScalar"), {std::string("NUMELEMENTS")});
+    expectHostError(create(type, one, Array::of<std::int32_t>({2, 3}), vary, vary2), validateId("argumentNotDoublePrecision"), {std::string("DIMS")});
+    expectHostError(create(type, one, dims2, Array::text("true"), Array::text("x")), badVariance);
+    expectHostError(create(type, one, dims2, Array::of<std::int8_t>({-1}), vary2), badVariance);
+    expectHostError(create(type, one, dims2, Array::scalar(1), vary2), unrecognized, variance);
+    expectHostError(create(type, one, dims2, Array::empty(hvLOGICAL_CLASS), vary2), mismatched, {std::int64_t{0}, std::int64_t{1}});
+    expectHostError(create(type, one, dims2, vary, Array::text("true")), badVariance);
+    expectHostError(create(type, one, dims2, vary, Array::of<double>({1, 0})), unrecognized, variance);
+    expectHostError(create(type, one, dims2, vary, vary), mismatched, {std::int64_t{1}, std::int64_t{2}});
+    expectHostError(create(type, one, Array::empty(), vary, vary), mismatched, {std::int64_t{1}, std::int64_t{0}});
+    expectHostError(create(type, one, dims2, vary, Array::scalar(1e300)), validateId("argumentOutOfBounds"));
+    // clang-format on
     // Nothing was created by any refused call.
     expectHostError([&] { inquire(cdf, 0); }, cdflibId("libraryFailure"),
                     failure("CDFinquirezVar", NO_SUCH_VAR));
@@ -178,12 +169,10 @@ TEST(CreateVar, RefusesFileIdentifiersFirst) {
 TEST(InquireVar, FillsOnlyTheSlotsTheHostOffers) {
     ScratchCdf cdf(ROW_MAJOR);
     cdf.createVar("V", CDF_EPOCH16, 1, {4});
-    const std::vector<Array> one = embedded::call("inquireVar", {cdf.id(), Array::scalar(0)}, 0);
-    ASSERT_EQ(one.size(), 1u);
-    EXPECT_EQ(one[0], Array::text("V"));
-    const std::vector<Array> three = embedded::call("inquireVar", {cdf.id(), Array::scalar(0)}, 3);
-    ASSERT_EQ(three.size(), 3u);
-    EXPECT_EQ(three[1], Array::text("cdf_epoch16"));
+    EXPECT_EQ(embedded::call("inquireVar", {cdf.id(), Array::scalar(0)}, 0),
+              std::vector<Array>{Array::text("V")});
+    EXPECT_EQ(embedded::call("inquireVar", {cdf.id(), Array::scalar(0)}, 3),
+              (std::vector<Array>{Array::text("V"), Array::text("cdf_epoch16"), Array::scalar(1)}));
 }
 
 TEST(InquireVar, RefusesBadVariableNumbers) {

@@ -34,43 +34,12 @@ std::string dumpQuoted(const std::string& bytes) {
     return out + "\"";
 }
 
-// Reads a quoted string of the dump starting at `pos` (at its opening quote); returns
-// its bytes and moves `pos` past the closing quote.
-std::string unquote(const std::string& line, std::size_t& pos) {
-    std::string bytes;
-    ++pos;
-    while (pos < line.size() && line[pos] != '"') {
-        if (line[pos] == '\\' && pos + 1 < line.size() && line[pos + 1] == 'x') {
-            bytes += static_cast<char>(std::stoi(line.substr(pos + 2, 2), nullptr, 16));
-            pos += 4;
-        } else if (line[pos] == '\\') {
-            bytes += line[pos + 1];
-            pos += 2;
-        } else {
-            bytes += line[pos++];
-        }
-    }
-    ++pos;
-    return bytes;
-}
-
 // The gateway returns character entries up to their first zero byte, so an expected
-// character value is cut there too.
+// character value (the only kind written in quotes after the colon) is cut there too.
 std::string cutCharacterValueAtZero(const std::string& line) {
-    std::size_t pos = std::string("  entry ").size();
-    pos = line.find(' ', pos) + 1;
-    if (line[pos] == '"') {
-        unquote(line, pos);
-        ++pos;
-    }
-    const std::size_t typeEnd = line.find(' ', pos);
-    const std::string type = line.substr(pos, typeEnd - pos);
-    if (type != "CDF_CHAR" && type != "CDF_UCHAR") return line;
-    std::size_t valueStart = line.find(": ", typeEnd) + 2;
-    std::size_t end = valueStart;
-    std::string bytes = unquote(line, end);
-    bytes = bytes.substr(0, bytes.find('\0'));
-    return line.substr(0, valueStart) + dumpQuoted(bytes);
+    const std::size_t value = line.find(": \"");
+    const std::size_t zero = value == std::string::npos ? value : line.find("\\x00", value);
+    return zero == std::string::npos ? line : line.substr(0, zero) + "\"";
 }
 
 template <typename T>

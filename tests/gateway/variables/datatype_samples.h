@@ -44,40 +44,29 @@ inline Array textColumns(std::size_t n, std::size_t length) {
 }
 
 inline const std::vector<DatatypeSample>& datatypeSamples() {
+    using std::size_t;
+    // clang-format off
     static const std::vector<DatatypeSample> samples{
-        {"CDF_INT1", CDF_INT1, 1, [](std::size_t n) { return sequence<std::int8_t>(n, -128, 37); }},
-        {"CDF_INT2", CDF_INT2, 1,
-         [](std::size_t n) { return sequence<std::int16_t>(n, -32768, 4099); }},
-        {"CDF_INT4", CDF_INT4, 1,
-         [](std::size_t n) { return sequence<std::int32_t>(n, -2147483647, 123456789); }},
-        {"CDF_INT8", CDF_INT8, 1,
-         [](std::size_t n) {
-             return sequence<std::int64_t>(n, std::numeric_limits<std::int64_t>::min(),
-                                           0x0102030405060708);
-         }},
-        {"CDF_UINT1", CDF_UINT1, 1,
-         [](std::size_t n) { return sequence<std::uint8_t>(n, 255, 201); }},
-        {"CDF_UINT2", CDF_UINT2, 1,
-         [](std::size_t n) { return sequence<std::uint16_t>(n, 65535, 40001); }},
-        {"CDF_UINT4", CDF_UINT4, 1,
-         [](std::size_t n) { return sequence<std::uint32_t>(n, 4294967295u, 3000000001u); }},
-        {"CDF_REAL4", CDF_REAL4, 1,
-         [](std::size_t n) { return sequence<float>(n, -1.5e-39f, 2.75f); }},
-        {"CDF_REAL8", CDF_REAL8, 1, [](std::size_t n) { return sequence<double>(n, 0.1, -1e300); }},
-        {"CDF_EPOCH", CDF_EPOCH, 1,
-         [](std::size_t n) { return sequence<double>(n, 63113904000000.0, 1000.5); }},
-        {"CDF_EPOCH16", CDF_EPOCH16, 1,
-         [](std::size_t n) { return sequence<double>(n, 63113904000.0, 0.25, 2); }},
-        {"CDF_TIME_TT2000", CDF_TIME_TT2000, 1,
-         [](std::size_t n) { return sequence<std::int64_t>(n, -4e18, 1234567890123); }},
-        {"CDF_BYTE", CDF_BYTE, 1, [](std::size_t n) { return sequence<std::int8_t>(n, 127, -3); }},
-        {"CDF_FLOAT", CDF_FLOAT, 1,
-         [](std::size_t n) { return sequence<float>(n, 3e38f, -1e37f); }},
-        {"CDF_DOUBLE", CDF_DOUBLE, 1,
-         [](std::size_t n) { return sequence<double>(n, -0.0, 1e-310); }},
-        {"CDF_CHAR", CDF_CHAR, 5, [](std::size_t n) { return textColumns(n, 5); }},
-        {"CDF_UCHAR", CDF_UCHAR, 1, [](std::size_t n) { return textColumns(n, 1); }},
+        {"CDF_INT1", CDF_INT1, 1, [](size_t n) { return sequence<std::int8_t>(n, -128, 37); }},
+        {"CDF_INT2", CDF_INT2, 1, [](size_t n) { return sequence<std::int16_t>(n, -32768, 4099); }},
+        {"CDF_INT4", CDF_INT4, 1, [](size_t n) { return sequence<std::int32_t>(n, -2147483647, 123456789); }},
+        {"CDF_INT8", CDF_INT8, 1, [](size_t n) {
+             return sequence<std::int64_t>(n, std::numeric_limits<std::int64_t>::min(), 0x0102030405060708); }},
+        {"CDF_UINT1", CDF_UINT1, 1, [](size_t n) { return sequence<std::uint8_t>(n, 255, 201); }},
+        {"CDF_UINT2", CDF_UINT2, 1, [](size_t n) { return sequence<std::uint16_t>(n, 65535, 40001); }},
+        {"CDF_UINT4", CDF_UINT4, 1, [](size_t n) { return sequence<std::uint32_t>(n, 4294967295u, 3000000001u); }},
+        {"CDF_REAL4", CDF_REAL4, 1, [](size_t n) { return sequence<float>(n, -1.5e-39f, 2.75f); }},
+        {"CDF_REAL8", CDF_REAL8, 1, [](size_t n) { return sequence<double>(n, 0.1, -1e300); }},
+        {"CDF_EPOCH", CDF_EPOCH, 1, [](size_t n) { return sequence<double>(n, 63113904000000.0, 1000.5); }},
+        {"CDF_EPOCH16", CDF_EPOCH16, 1, [](size_t n) { return sequence<double>(n, 63113904000.0, 0.25, 2); }},
+        {"CDF_TIME_TT2000", CDF_TIME_TT2000, 1, [](size_t n) { return sequence<std::int64_t>(n, -4e18, 1234567890123); }},
+        {"CDF_BYTE", CDF_BYTE, 1, [](size_t n) { return sequence<std::int8_t>(n, 127, -3); }},
+        {"CDF_FLOAT", CDF_FLOAT, 1, [](size_t n) { return sequence<float>(n, 3e38f, -1e37f); }},
+        {"CDF_DOUBLE", CDF_DOUBLE, 1, [](size_t n) { return sequence<double>(n, -0.0, 1e-310); }},
+        {"CDF_CHAR", CDF_CHAR, 5, [](size_t n) { return textColumns(n, 5); }},
+        {"CDF_UCHAR", CDF_UCHAR, 1, [](size_t n) { return textColumns(n, 1); }},
     };
+    // clang-format on
     return samples;
 }
 

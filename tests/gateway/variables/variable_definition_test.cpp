@@ -125,14 +125,17 @@ TEST(CreateVar, RefusesArgumentsInArgumentOrder) {
     const std::string unrecognized = cdflibId("unrecognizedValue");
     const std::string mismatched = cdflibId("mismatchedVarianceSize");
     const Arguments variance{std::int64_t{1}, std::string("VARIANCE")};
+    const std::string notScalar = validateId("argumentNotDoubleScalar");
     // clang-format off
-    expectHostError(create(Array::of<std::int32_t>({4}), one, dims2, vary, vary2), validateId("argumentNotDoubleScalar"), {std::string("DATATYPE")});
-    expectHostError(create(type, Array::of<double>({1, 1}), dims2, vary, vary2), validateId("argumentNotDoubleScalar"), {std::string("NUMELEMENTS")});
-    expectHostError(create(type, one, Array::of<std::int32_t>({2, 3}), vary, vary2), validateId("argumentNotDoublePrecision"), {std::string("DIMS")});
+    expectHostError(create(Array::of<std::int32_t>({4}), one, dims2, vary, vary2), notScalar, {std::string("DATATYPE")});
+    expectHostError(create(type, Array::of<double>({1, 1}), dims2, vary, vary2), notScalar, {std::string("NUMELEMENTS")});
+    expectHostError(create(type, one, Array::of<std::int32_t>({2, 3}), vary, vary2),
+                    validateId("argumentNotDoublePrecision"), {std::string("DIMS")});
     expectHostError(create(type, one, dims2, Array::text("true"), Array::text("x")), badVariance);
     expectHostError(create(type, one, dims2, Array::of<std::int8_t>({-1}), vary2), badVariance);
     expectHostError(create(type, one, dims2, Array::scalar(1), vary2), unrecognized, variance);
-    expectHostError(create(type, one, dims2, Array::empty(hvLOGICAL_CLASS), vary2), mismatched, {std::int64_t{0}, std::int64_t{1}});
+    expectHostError(create(type, one, dims2, Array::empty(hvLOGICAL_CLASS), vary2), mismatched,
+                    {std::int64_t{0}, std::int64_t{1}});
     expectHostError(create(type, one, dims2, vary, Array::text("true")), badVariance);
     expectHostError(create(type, one, dims2, vary, Array::of<double>({1, 0})), unrecognized, variance);
     expectHostError(create(type, one, dims2, vary, vary), mismatched, {std::int64_t{1}, std::int64_t{2}});

@@ -63,32 +63,22 @@ std::string joined(const Array& value, std::size_t group = 1) {
     return out;
 }
 
+// The elements as the dump writes them, whichever of the classes T the value has.
+template <typename... T>
+std::string joinedAs(const Array& value, std::size_t group) {
+    std::string out;
+    const bool known = ((value.classId() == embedded::detail::ClassOf<T>::value &&
+                         (out = joined<T>(value, group), true)) ||
+                        ...);
+    if (!known) ADD_FAILURE() << "unexpected class " << value.className();
+    return out;
+}
+
 std::string values(const Array& value, const std::string& type) {
-    switch (value.classId()) {
-        case hvCHAR_CLASS:
-            return dumpQuoted(value.text());
-        case hvINT8_CLASS:
-            return joined<std::int8_t>(value);
-        case hvINT16_CLASS:
-            return joined<std::int16_t>(value);
-        case hvINT32_CLASS:
-            return joined<std::int32_t>(value);
-        case hvINT64_CLASS:
-            return joined<std::int64_t>(value);
-        case hvUINT8_CLASS:
-            return joined<std::uint8_t>(value);
-        case hvUINT16_CLASS:
-            return joined<std::uint16_t>(value);
-        case hvUINT32_CLASS:
-            return joined<std::uint32_t>(value);
-        case hvSINGLE_CLASS:
-            return joined<float>(value);
-        case hvDOUBLE_CLASS:
-            return joined<double>(value, type == "CDF_EPOCH16" ? 2 : 1);
-        default:
-            ADD_FAILURE() << "unexpected class " << value.className();
-            return {};
-    }
+    if (value.classId() == hvCHAR_CLASS) return dumpQuoted(value.text());
+    return joinedAs<std::int8_t, std::int16_t, std::int32_t, std::int64_t, std::uint8_t,
+                    std::uint16_t, std::uint32_t, float, double>(value,
+                                                                 type == "CDF_EPOCH16" ? 2 : 1);
 }
 
 std::vector<std::string> expectedAttributeLines(const std::filesystem::path& dump) {

@@ -15,24 +15,18 @@ namespace {
 
 using testing::Bytes;
 
-Bytes sample_input() {
-    Bytes b = testing::read_shared("compression/large_input.bin");
-    b.resize(3000);
-    return b;
-}
-
+// The first 3000 bytes of the large input, and their payload.
 class DamagedPayload : public ::testing::TestWithParam<Method> {
   protected:
-    Bytes encoded(const Bytes& input) const {
-        Bytes out;
-        EXPECT_EQ(encode(GetParam(), 6, input, out), Result::Ok);
-        return out;
+    void SetUp() override {
+        input.resize(3000);
+        ASSERT_EQ(encode(GetParam(), 6, input, payload), Result::Ok);
     }
+    Bytes input = testing::read_shared("compression/large_input.bin");
+    Bytes payload;
 };
 
 TEST_P(DamagedPayload, EveryTruncationFailsOrYieldsOnlyTrueData) {
-    const Bytes input = sample_input();
-    const Bytes payload = encoded(input);
     for (std::size_t len = 0; len < payload.size(); ++len) {
         const ByteView cut(payload.data(), len);
         Bytes exact(input.size());
@@ -58,8 +52,6 @@ TEST_P(DamagedPayload, EveryTruncationFailsOrYieldsOnlyTrueData) {
 }
 
 TEST_P(DamagedPayload, RandomDamageStaysWithinBounds) {
-    const Bytes input = sample_input();
-    const Bytes payload = encoded(input);
     std::mt19937 gen(11);
     int failures = 0;
     int unprotected = 0;
@@ -104,8 +96,6 @@ TEST_P(DamagedPayload, GarbageIsHandled) {
 // A block bigger than the stream is short; a smaller one takes the start; the
 // bound is enforced; bytes after the end marker are ignored.
 TEST_P(DamagedPayload, OutputSizesAroundTheStream) {
-    const Bytes input = sample_input();
-    Bytes payload = encoded(input);
     Bytes bigger(input.size() + 1);
     EXPECT_EQ(decode(GetParam(), payload, bigger), Result::ShortOutput);
     Bytes smaller(input.size() - 17);

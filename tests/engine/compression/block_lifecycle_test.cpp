@@ -21,10 +21,10 @@ class BlockLifecycle : public CompressionTest {
   protected:
     // A new CDF "name" with an INT4 variable of dims compressed with GZIP 6.
     long make(const std::string& name, std::vector<long> dims = {}, long type = GZIP_COMPRESSION,
-              long parm = 6) {
+              long parm = 6, long rec_vary = VARY) {
         CDFid id = nullptr;
         EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(name).c_str()), &id), CDF_OK);
-        const long v = zvar("v", CDF_INT4, 1, std::move(dims));
+        const long v = zvar("v", CDF_INT4, 1, std::move(dims), rec_vary);
         long parms[] = {parm};
         EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, type, parms, NULL_), CDF_OK);
         return v;
@@ -246,11 +246,7 @@ TEST_F(BlockLifecycle, InitialRecordsAreCompressedPads) {
 }
 
 TEST_F(BlockLifecycle, NonRecordVariantVariableKeepsOneRecordBlock) {
-    CDFid id = nullptr;
-    ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("n").c_str()), &id), CDF_OK);
-    const long v = zvar("n", CDF_INT4, 1, {50}, NOVARY);
-    long parms[] = {6};
-    ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, parms, NULL_), CDF_OK);
+    const long v = make("n", {50}, GZIP_COMPRESSION, 6, NOVARY);
     std::vector<std::int32_t> values(50, 3);
     ASSERT_EQ(
         CDFlib(SELECT_, zVAR_, v, zVAR_RECNUMBER_, 7L, PUT_, zVAR_HYPERDATA_, values.data(), NULL_),

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -191,9 +192,8 @@ class CompressionTest : public ::testing::Test {
             void* out;
         } reads[] = {{0, r8.data()}, {1, i2.data()}, {2, ch.data()}, {3, blk.data()}};
         for (const auto& read : reads) {
-            long dims = 0, sizes[CDF_MAX_DIMS] = {};
-            ASSERT_EQ(CDFlib(SELECT_, zVAR_, read.var, GET_, zVAR_NUMDIMS_, &dims, NULL_), CDF_OK);
-            ASSERT_EQ(CDFlib(GET_, zVAR_DIMSIZES_, sizes, NULL_), CDF_OK);
+            long sizes[CDF_MAX_DIMS] = {};
+            ASSERT_EQ(CDFlib(SELECT_, zVAR_, read.var, GET_, zVAR_DIMSIZES_, sizes, NULL_), CDF_OK);
             long zeros[CDF_MAX_DIMS] = {}, ones[CDF_MAX_DIMS] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
             ASSERT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, zVAR_RECCOUNT_, 100L, zVAR_RECINTERVAL_,
                              1L, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, sizes,
@@ -202,10 +202,8 @@ class CompressionTest : public ::testing::Test {
                 << read.var;
         }
         for (long r = 0; r < 100; ++r) {
-            const auto a = r8_record(r);
-            const auto b = i2_record(r);
-            for (int i = 0; i < 4; ++i) ASSERT_EQ(r8[r * 4 + i], a[i]) << r;
-            for (int i = 0; i < 8; ++i) ASSERT_EQ(i2[r * 8 + i], b[i]) << r;
+            ASSERT_TRUE(std::ranges::equal(r8_record(r), std::span(r8).subspan(r * 4, 4))) << r;
+            ASSERT_TRUE(std::ranges::equal(i2_record(r), std::span(i2).subspan(r * 8, 8))) << r;
             ASSERT_EQ(std::string(ch.data() + r * 16, 16), ch_record(r));
             ASSERT_EQ(blk[r], blk_record(r));
         }

@@ -10,7 +10,9 @@
 #include <atomic>
 #include <cstdint>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cdf.h"

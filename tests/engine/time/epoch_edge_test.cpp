@@ -5,22 +5,13 @@
 #include <array>
 #include <random>
 
-#include "cdf.h"
+#include "time_parts.h"
+#include "time_vectors.h"
 
 namespace {
 
-std::array<long, 10> epoch16Parts(std::array<double, 2> pair) {
-    std::array<long, 10> p{};
-    EPOCH16breakdown(pair.data(), &p[0], &p[1], &p[2], &p[3], &p[4], &p[5], &p[6], &p[7], &p[8],
-                     &p[9]);
-    return p;
-}
-
-int daysInMonth(long year, long month) {
-    static constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : kDays[static_cast<std::size_t>(month - 1)];
-}
+using cdfgate::test::daysInMonth;
+using cdfgate::test::epoch16Parts;
 
 // The seconds keep their fraction through the split, whose chained divisions can round
 // a time just before midnight up to the next day's date (the hour, minute and second

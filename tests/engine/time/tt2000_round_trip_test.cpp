@@ -7,28 +7,21 @@
 #include <limits>
 #include <random>
 
-#include "cdf.h"
 #include "time/leap_second_table.h"
+#include "time_parts.h"
+#include "time_vectors.h"
 
 namespace {
 
-using Parts = std::array<double, 9>;
+using Parts = cdfgate::test::Tt2000Parts;
+using cdfgate::test::daysInMonth;
 namespace et = cdfgate::engine::time;
 
 long long encode(const Parts& p) {
-    return computeTT2000(p[0], p[1], p[2], p[3], p[4], p[5], p[6], p[7], p[8]);
+    return cdfgate::test::encodeTT2000(p);
 }
-
 Parts decode(long long t) {
-    Parts p{};
-    breakdownTT2000(t, &p[0], &p[1], &p[2], &p[3], &p[4], &p[5], &p[6], &p[7], &p[8]);
-    return p;
-}
-
-int daysInMonth(int year, int month) {
-    static constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : kDays[static_cast<std::size_t>(month - 1)];
+    return cdfgate::test::decodeTT2000(t);
 }
 
 constexpr long long kFirstOrdinary = std::numeric_limits<long long>::min() + 4;

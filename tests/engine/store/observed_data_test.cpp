@@ -7,10 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "cdf.h"
+#include "cdf_calls.h"
 #include "test_files.h"
 
 namespace {
+
+using cdfgate::test::Counts;
+using cdfgate::test::counts;
+using cdfgate::test::get_long;
+using cdfgate::test::get_records;
+using I2 = std::vector<short>;
+using I4 = std::vector<int>;
 
 constexpr int kPad4 = -2147483647;
 constexpr short kPad2 = -32767;
@@ -26,35 +33,15 @@ class ObservedData : public cdfgate::test::ScratchDir {
         ScratchDir::TearDown();
     }
 
-    long make(const char* name, long type, long elems, std::vector<long> dims,
-              long rec_vary = VARY) {
-        std::vector<long> varys(dims.size(), VARY);
-        long num = -1;
-        EXPECT_EQ(CDFlib(CREATE_, zVAR_, name, type, elems, static_cast<long>(dims.size()),
-                         dims.data(), rec_vary, varys.data(), &num, NULL_),
-                  CDF_OK);
-        return num;
+    static long make(const char* name, long type, long elems, std::vector<long> dims,
+                     long rec_vary = VARY) {
+        return cdfgate::test::make_zvar(name, type, std::move(dims), rec_vary, elems);
     }
-
-    // Selects records first.. (count, interval) of variable var.
     static void records(long var, long first, long count, long interval = 1) {
-        ASSERT_EQ(CDFlib(SELECT_, zVAR_, var, zVAR_RECNUMBER_, first, zVAR_RECCOUNT_, count,
-                         zVAR_RECINTERVAL_, interval, NULL_),
-                  CDF_OK);
+        ASSERT_EQ(cdfgate::test::select_records(var, first, count, interval), CDF_OK);
     }
-
-    static long get_long(long item) {
-        long v = -9;
-        EXPECT_EQ(CDFlib(GET_, item, &v, NULL_), CDF_OK);
-        return v;
-    }
-
-    struct Counts {
-        long max_rec, num_recs, num_alloc, max_alloc;
-    };
-    static Counts counts() {
-        return {get_long(zVAR_MAXREC_), get_long(zVAR_NUMRECS_), get_long(zVAR_NUMallocRECS_),
-                get_long(zVAR_MAXallocREC_)};
+    static long sparse(long var, long mode) {
+        return CDFlib(SELECT_, zVAR_, var, PUT_, zVAR_SPARSERECORDS_, mode, NULL_);
     }
 
     template <typename T>
@@ -62,10 +49,15 @@ class ObservedData : public cdfgate::test::ScratchDir {
         return CDFlib(SELECT_, zVAR_, var, zVAR_RECNUMBER_, record, PUT_, zVAR_DATA_, &value,
                       NULL_);
     }
+    // Reads one value of a record: the status and the value expected.
     template <typename T>
-    static long get_value(long var, long record, T& value) {
-        return CDFlib(SELECT_, zVAR_, var, zVAR_RECNUMBER_, record, GET_, zVAR_DATA_, &value,
-                      NULL_);
+    static void expect_value(long var, long record, long status, T want) {
+        T got{};
+        EXPECT_EQ(
+            CDFlib(SELECT_, zVAR_, var, zVAR_RECNUMBER_, record, GET_, zVAR_DATA_, &got, NULL_),
+            status)
+            << "record " << record;
+        EXPECT_EQ(got, want) << "record " << record;
     }
 
     CDFid id_ = nullptr;
@@ -129,19 +121,17 @@ TEST_F(ObservedData, ZeroDimensionalVariableTakesNullArrays) {
 
 TEST_F(ObservedData, PadValuesOfRecordsNeverWritten) {
     const long i1 = make("i1", CDF_INT1, 1, {});  // PV19 to PV22
-    signed char b = 0;
-    EXPECT_EQ(get_value(i1, 0, b), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(b, -127);
+    expect_value<signed char>(i1, 0, VIRTUAL_RECORD_DATA, -127);
     signed char five = 5;
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, i1, PUT_, zVAR_PADVALUE_, &five, NULL_), CDF_OK);
-    EXPECT_EQ(get_value(i1, 7, b), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(b, 5);
+    expect_value<signed char>(i1, 7, VIRTUAL_RECORD_DATA, 5);
 
     const long c3 = make("c3", CDF_CHAR, 3, {});  // PV23, PV24
     char xyz[] = "xyz";
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, c3, PUT_, zVAR_PADVALUE_, xyz, NULL_), CDF_OK);
     char text[4] = "###";
-    EXPECT_EQ(get_value(c3, 0, text), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 0L, GET_, zVAR_DATA_, text, NULL_),
+              VIRTUAL_RECORD_DATA);
     EXPECT_EQ(std::string(text, 3), "xyz");
 }
 
@@ -149,149 +139,99 @@ TEST_F(ObservedData, GapsAreWrittenWithThePadOfTheirTime) {
     const long v = make("v", CDF_INT4, 1, {});  // PV25 to PV32
     ASSERT_EQ(put_value(v, 0, 10), CDF_OK);
     ASSERT_EQ(put_value(v, 3, 13), CDF_OK);
-    const Counts c = counts();
-    EXPECT_EQ(c.max_rec, 3);
-    EXPECT_EQ(c.num_recs, 4);
-    EXPECT_EQ(c.num_alloc, 2048);
-    EXPECT_EQ(c.max_alloc, 2047);
-    int x = 0;
-    EXPECT_EQ(get_value(v, 1, x), CDF_OK);
-    EXPECT_EQ(x, kPad4);
-    EXPECT_EQ(get_value(v, 4, x), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(x, kPad4);
-    int six[6];
-    records(v, 0, 6);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, six, NULL_), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(std::vector<int>(six, six + 6),
-              (std::vector<int>{10, kPad4, kPad4, 13, kPad4, kPad4}));
-    records(v, 0, 4);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, six, NULL_), CDF_OK);
+    EXPECT_EQ(counts(), (Counts{3, 4, 2048, 2047}));
+    expect_value(v, 1, CDF_OK, kPad4);
+    expect_value(v, 4, VIRTUAL_RECORD_DATA, kPad4);
+    EXPECT_EQ(get_records<int>(v, 0, 6, VIRTUAL_RECORD_DATA),
+              (I4{10, kPad4, kPad4, 13, kPad4, kPad4}));
+    get_records<int>(v, 0, 4, CDF_OK);
     int seventy_seven = 77;
     ASSERT_EQ(CDFlib(PUT_, zVAR_PADVALUE_, &seventy_seven, NULL_), CDF_OK);
-    EXPECT_EQ(get_value(v, 1, x), CDF_OK);
-    EXPECT_EQ(x, kPad4);
-    EXPECT_EQ(get_value(v, 9, x), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(x, 77);
+    expect_value(v, 1, CDF_OK, kPad4);
+    expect_value(v, 9, VIRTUAL_RECORD_DATA, 77);
     // A later record pads the records it skips with the pad now in force.
     ASSERT_EQ(put_value(v, 6, 16), CDF_OK);
-    EXPECT_EQ(get_value(v, 5, x), CDF_OK);
-    EXPECT_EQ(x, 77);
+    expect_value(v, 5, CDF_OK, 77);
 }
 
 TEST_F(ObservedData, SparseRecordsReadAsPadOrTheRecordBefore) {
     const long pad = make("pad", CDF_INT4, 1, {});  // PV34 to PV39, PV42 to PV48
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, pad, PUT_, zVAR_SPARSERECORDS_, PAD_SPARSERECORDS, NULL_),
-              CDF_OK);
+    ASSERT_EQ(sparse(pad, PAD_SPARSERECORDS), CDF_OK);
     ASSERT_EQ(put_value(pad, 0, 20), CDF_OK);
     ASSERT_EQ(put_value(pad, 3, 23), CDF_OK);
-    const Counts c = counts();
-    EXPECT_EQ(c.max_rec, 3);
-    EXPECT_EQ(c.num_recs, 2);
-    EXPECT_EQ(c.num_alloc, 2);
-    int x = 0;
-    EXPECT_EQ(get_value(pad, 1, x), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(x, kPad4);
-    EXPECT_EQ(get_value(pad, 3, x), CDF_OK);
-    EXPECT_EQ(x, 23);
-    EXPECT_EQ(get_value(pad, 8, x), VIRTUAL_RECORD_DATA);
-    int five[5];
-    records(pad, 0, 5);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, five, NULL_), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(std::vector<int>(five, five + 5), (std::vector<int>{20, kPad4, kPad4, 23, kPad4}));
+    EXPECT_EQ(counts(), (Counts{3, 2, 2, 3}));
+    expect_value(pad, 1, VIRTUAL_RECORD_DATA, kPad4);
+    expect_value(pad, 3, CDF_OK, 23);
+    expect_value(pad, 8, VIRTUAL_RECORD_DATA, kPad4);
+    EXPECT_EQ(get_records<int>(pad, 0, 5, VIRTUAL_RECORD_DATA), (I4{20, kPad4, kPad4, 23, kPad4}));
     EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, NO_SPARSERECORDS, NULL_), CANNOT_SPARSERECORDS);
 
     const long prev = make("prev", CDF_INT4, 1, {});
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, prev, PUT_, zVAR_SPARSERECORDS_, PREV_SPARSERECORDS, NULL_),
-              CDF_OK);
+    ASSERT_EQ(sparse(prev, PREV_SPARSERECORDS), CDF_OK);
     ASSERT_EQ(put_value(prev, 5, 35), CDF_OK);
     ASSERT_EQ(put_value(prev, 2, 32), CDF_OK);  // below the last record: a slot between
-    int eight[8];
-    records(prev, 0, 8);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, eight, NULL_), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(std::vector<int>(eight, eight + 8),
-              (std::vector<int>{kPad4, kPad4, 32, 32, 32, 35, 35, 35}));
-    EXPECT_EQ(get_value(prev, 9, x), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(x, 35);
-    EXPECT_EQ(get_value(prev, 5, x), CDF_OK);
+    EXPECT_EQ(get_records<int>(prev, 0, 8, VIRTUAL_RECORD_DATA),
+              (I4{kPad4, kPad4, 32, 32, 32, 35, 35, 35}));
+    expect_value(prev, 9, VIRTUAL_RECORD_DATA, 35);
+    expect_value(prev, 5, CDF_OK, 35);
+    int x = 0;
     EXPECT_EQ(CDFgetVarRecordData(id_, 1, prev, 3, &x), VIRTUAL_RECORD_DATA);
     EXPECT_EQ(x, 32);
-    EXPECT_EQ(counts().max_rec, 5);
-    EXPECT_EQ(counts().num_recs, 2);
+    EXPECT_EQ(get_long(zVAR_MAXREC_), 5);
+    EXPECT_EQ(get_long(zVAR_NUMRECS_), 2);
     // A partial write of a new sparse record leaves the pad elsewhere in it.
     const long box = make("box", CDF_INT2, 1, {3});
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, box, PUT_, zVAR_SPARSERECORDS_, PAD_SPARSERECORDS, NULL_),
-              CDF_OK);
+    ASSERT_EQ(sparse(box, PAD_SPARSERECORDS), CDF_OK);
     ASSERT_EQ(put_value(box, 4, short{1}), CDF_OK);
     long at[] = {1};
     short seven = 7;
     ASSERT_EQ(
         CDFlib(SELECT_, zVAR_RECNUMBER_, 2L, zVAR_DIMINDICES_, at, PUT_, zVAR_DATA_, &seven, NULL_),
         CDF_OK);
-    short three[3] = {};
-    ASSERT_EQ(CDFgetVarRecordData(id_, 1, box, 2, three), CDF_OK);
-    EXPECT_EQ(std::vector<short>(three, three + 3), (std::vector<short>{kPad2, 7, kPad2}));
+    I2 three(3);
+    ASSERT_EQ(CDFgetVarRecordData(id_, 1, box, 2, three.data()), CDF_OK);
+    EXPECT_EQ(three, (I2{kPad2, 7, kPad2}));
 }
 
 TEST_F(ObservedData, NonRecordVariantVariableLivesInRecordZero) {
     const long v = make("nrv", CDF_INT2, 1, {}, NOVARY);  // PV49 to PV60
     short s = 0;
-    short buffer[3] = {};
     EXPECT_EQ(CDFgetVarRecordData(id_, 1, v, 3, &s), VIRTUAL_RECORD_DATA);
     EXPECT_EQ(s, kPad2);
-    EXPECT_EQ(get_value(v, 0, s), VIRTUAL_RECORD_DATA);
+    expect_value(v, 0, VIRTUAL_RECORD_DATA, kPad2);
     ASSERT_EQ(put_value(v, 0, short{42}), CDF_OK);
-    EXPECT_EQ(get_value(v, 6, s), CDF_OK);
-    EXPECT_EQ(s, 42);
-    records(v, 2, 1);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, buffer, NULL_), CDF_OK);
-    EXPECT_EQ(buffer[0], 42);
-    records(v, 2, 2);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, buffer, NULL_), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(buffer[1], kPad2);
-    records(v, 0, 2, 3);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, buffer, NULL_), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(buffer[0], 42);
-    EXPECT_EQ(buffer[1], kPad2);
+    expect_value<short>(v, 6, CDF_OK, 42);
+    EXPECT_EQ(get_records<short>(v, 2, 1, CDF_OK), I2{42});
+    EXPECT_EQ(get_records<short>(v, 2, 2, VIRTUAL_RECORD_DATA), (I2{42, kPad2}));
+    EXPECT_EQ(get_records<short>(v, 0, 2, VIRTUAL_RECORD_DATA, 1, 3), (I2{42, kPad2}));
     ASSERT_EQ(put_value(v, 4, short{43}), CDF_OK);
-    EXPECT_EQ(get_value(v, 0, s), CDF_OK);
-    EXPECT_EQ(s, 43);
+    expect_value<short>(v, 0, CDF_OK, 43);
     EXPECT_EQ(CDFgetVarRecordData(id_, 1, v, 9, &s), CDF_OK);
     EXPECT_EQ(s, 43);
-    short seven_eight_nine[] = {7, 8, 9};
-    records(v, 0, 3);
-    ASSERT_EQ(CDFlib(PUT_, zVAR_HYPERDATA_, seven_eight_nine, NULL_), CDF_OK);
+    ASSERT_EQ(cdfgate::test::put_records(v, 0, I2{7, 8, 9}), CDF_OK);
     EXPECT_EQ(get_long(zVAR_MAXREC_), 0);
     EXPECT_EQ(get_long(zVAR_NUMRECS_), 1);
-    EXPECT_EQ(get_value(v, 0, s), CDF_OK);
-    EXPECT_EQ(s, 9);
+    expect_value<short>(v, 0, CDF_OK, 9);
 }
 
 TEST_F(ObservedData, AllocationInBlocksOfEightKilobytes) {
-    struct Case {
+    const struct {
         const char* name;
-        long type;
-        long elems;
+        long type, elems;
         std::vector<long> dims;
         long allocated;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"int4", CDF_INT4, 1, {}, 2048},       {"real8x100", CDF_REAL8, 1, {10, 10}, 11},
         {"int2", CDF_INT2, 1, {}, 4096},       {"char3", CDF_CHAR, 3, {}, 2731},
         {"real8x3", CDF_REAL8, 1, {3}, 342},   {"real8x1024", CDF_REAL8, 1, {1024}, 1},
         {"int1x9000", CDF_INT1, 1, {9000}, 1},
     };
-    for (const Case& c : cases) {  // RA01, RA02, RA05 to RA10
+    for (const auto& c : cases) {  // RA01, RA02, RA05 to RA10
         SCOPED_TRACE(c.name);
         const long v = make(c.name, c.type, c.elems, c.dims);
         EXPECT_EQ(counts().num_alloc, 0);
-        std::vector<char> value(8, 0);
-        ASSERT_EQ(
-            CDFlib(SELECT_, zVAR_, v, zVAR_RECNUMBER_, 0L, PUT_, zVAR_DATA_, value.data(), NULL_),
-            CDF_OK);
-        const Counts after = counts();
-        EXPECT_EQ(after.max_rec, 0);
-        EXPECT_EQ(after.num_alloc, c.allocated);
-        EXPECT_EQ(after.max_alloc, c.allocated - 1);
+        ASSERT_EQ(put_value(v, 0, 0.0), CDF_OK);  // 8 bytes fill the smallest record
+        EXPECT_EQ(counts(), (Counts{0, 1, c.allocated, c.allocated - 1}));
     }
 }
 
@@ -302,15 +242,10 @@ TEST_F(ObservedData, BlockingFactorAppliesToLaterAllocations) {
     EXPECT_EQ(counts().num_alloc, 10);
     ASSERT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 20L, NULL_), CDF_OK);
     ASSERT_EQ(put_value(v, 10, 2), CDF_OK);
-    const Counts c = counts();
-    EXPECT_EQ(c.num_alloc, 30);
-    EXPECT_EQ(c.max_alloc, 29);
+    EXPECT_EQ(counts(), (Counts{10, 11, 30, 29}));
     const long late = make("late", CDF_INT4, 1, {});
     ASSERT_EQ(put_value(late, 3, 1), CDF_OK);
-    const Counts l = counts();
-    EXPECT_EQ(l.max_rec, 3);
-    EXPECT_EQ(l.num_recs, 4);
-    EXPECT_EQ(l.num_alloc, 2048);
+    EXPECT_EQ(counts(), (Counts{3, 4, 2048, 2047}));
     const long nrv = make("nrv", CDF_INT4, 1, {}, NOVARY);  // RA16, RA17
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, nrv, PUT_, zVAR_BLOCKINGFACTOR_, 10L, NULL_),
               FORCED_PARAMETER);
@@ -321,94 +256,74 @@ TEST_F(ObservedData, BlockingFactorAppliesToLaterAllocations) {
 TEST_F(ObservedData, ExplicitAllocationAndInitialRecords) {
     const long v = make("a", CDF_INT4, 1, {});  // RA19 to RA24
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, PUT_, zVAR_ALLOCATEBLOCK_, 0L, 9L, NULL_), CDF_OK);
-    EXPECT_EQ(counts().num_alloc, 10);
-    EXPECT_EQ(counts().max_rec, -1);
+    EXPECT_EQ(counts(), (Counts{-1, 0, 10, 9}));
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, 20L, 29L, NULL_), PRECEEDING_RECORDS_ALLOCATED);
     EXPECT_EQ(counts().num_alloc, 30);
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, 5L, 14L, NULL_), SOME_ALREADY_ALLOCATED);
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, 40L, 35L, NULL_), BAD_ALLOCATE_RECS);
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, -1L, 3L, NULL_), BAD_ALLOCATE_RECS);
-    const Counts c = counts();
-    EXPECT_EQ(c.num_alloc, 30);
-    EXPECT_EQ(c.max_alloc, 29);
-    EXPECT_EQ(c.max_rec, -1);
-    int x = 0;
-    EXPECT_EQ(get_value(v, 3, x), VIRTUAL_RECORD_DATA);
+    EXPECT_EQ(counts(), (Counts{-1, 0, 30, 29}));
+    expect_value(v, 3, VIRTUAL_RECORD_DATA, kPad4);
 
     const long r = make("r", CDF_INT4, 1, {});
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, r, PUT_, zVAR_ALLOCATERECS_, 8L, NULL_), CDF_OK);
-    EXPECT_EQ(counts().num_alloc, 8);
-    EXPECT_EQ(counts().max_alloc, 7);
+    EXPECT_EQ(counts(), (Counts{-1, 0, 8, 7}));
 
     const long i = make("i", CDF_INT2, 1, {});  // RA25 to RA28
     short minus_five = -5;
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, i, PUT_, zVAR_PADVALUE_, &minus_five, NULL_), CDF_OK);
     ASSERT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 4L, NULL_), CDF_OK);
-    EXPECT_EQ(counts().max_rec, 3);
-    EXPECT_EQ(counts().num_recs, 4);
-    short s = 0;
-    EXPECT_EQ(get_value(i, 2, s), CDF_OK);
-    EXPECT_EQ(s, -5);
+    EXPECT_EQ(get_long(zVAR_MAXREC_), 3);
+    EXPECT_EQ(get_long(zVAR_NUMRECS_), 4);
+    expect_value<short>(i, 2, CDF_OK, -5);
     EXPECT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 6L, NULL_), CANNOT_CHANGE);
     make("j", CDF_INT2, 1, {});
     EXPECT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 0L, NULL_), BAD_INITIAL_RECS);
 }
 
+// The same six values in a 2x3 record, read at (1, 0) and as the box (0..1, 1..2).
 TEST_F(ObservedData, ValuesFollowTheMajorityOfTheFile) {
-    const long v = make("v", CDF_INT2, 1, {2, 3});  // DA01 to DA04, DA07
-    short six[] = {1, 2, 3, 4, 5, 6};
-    ASSERT_EQ(CDFputVarRecordData(id_, 1, v, 0, six), CDF_OK);
-    short one = 0;
-    long at10[] = {1, 0};
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, zVAR_RECNUMBER_, 0L, zVAR_DIMINDICES_, at10, GET_,
-                     zVAR_DATA_, &one, NULL_),
-              CDF_OK);
-    EXPECT_EQ(one, 4);
-    short back[6] = {};
-    ASSERT_EQ(CDFgetVarRecordData(id_, 1, v, 0, back), CDF_OK);
-    EXPECT_EQ(std::memcmp(back, six, sizeof six), 0);
-    ASSERT_EQ(CDFgetVarRecordData(id_, 1, v, 4, back), VIRTUAL_RECORD_DATA);
-    for (const short x : back) EXPECT_EQ(x, kPad2);
-    short twelve[12] = {};
-    long at01[] = {0, 1}, c22[] = {2, 2}, ones[] = {1, 1};
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_RECCOUNT_, 3L, zVAR_RECINTERVAL_, 2L, zVAR_RECNUMBER_, 0L,
-                     zVAR_DIMINDICES_, at01, zVAR_DIMCOUNTS_, c22, zVAR_DIMINTERVALS_, ones, GET_,
-                     zVAR_HYPERDATA_, twelve, NULL_),
-              VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(std::vector<short>(twelve, twelve + 4), (std::vector<short>{2, 3, 5, 6}));
-}
-
-TEST_F(ObservedData, ColumnMajorFilesVaryTheFirstIndexFastest) {
-    ASSERT_EQ(CDFlib(PUT_, CDF_MAJORITY_, COLUMN_MAJOR, NULL_), CDF_OK);  // DA05, DA06
-    const long v = make("v", CDF_INT2, 1, {2, 3});
-    short six[] = {1, 2, 3, 4, 5, 6};
-    ASSERT_EQ(CDFputVarRecordData(id_, 1, v, 0, six), CDF_OK);
-    short one = 0;
-    long at10[] = {1, 0};
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, zVAR_RECNUMBER_, 0L, zVAR_DIMINDICES_, at10, GET_,
-                     zVAR_DATA_, &one, NULL_),
-              CDF_OK);
-    EXPECT_EQ(one, 2);
-    short four[4] = {};
-    long at01[] = {0, 1}, c22[] = {2, 2};
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_DIMINDICES_, at01, zVAR_DIMCOUNTS_, c22, GET_, zVAR_HYPERDATA_,
-                     four, NULL_),
-              CDF_OK);
-    EXPECT_EQ(std::vector<short>(four, four + 4), (std::vector<short>{3, 4, 5, 6}));
+    for (const bool column : {false, true}) {  // DA01 to DA07
+        SCOPED_TRACE(column ? "column major" : "row major");
+        CDFid id = id_;
+        if (column) {
+            ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("c").c_str()), &id), CDF_OK);
+            ASSERT_EQ(CDFlib(PUT_, CDF_MAJORITY_, COLUMN_MAJOR, NULL_), CDF_OK);
+        }
+        const long v = make("v", CDF_INT2, 1, {2, 3});
+        short six[] = {1, 2, 3, 4, 5, 6};
+        ASSERT_EQ(CDFputVarRecordData(id, 1, v, 0, six), CDF_OK);
+        short one = 0;
+        long at10[] = {1, 0}, at01[] = {0, 1}, c22[] = {2, 2}, ones[] = {1, 1};
+        ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, zVAR_RECNUMBER_, 0L, zVAR_DIMINDICES_, at10, GET_,
+                         zVAR_DATA_, &one, NULL_),
+                  CDF_OK);
+        EXPECT_EQ(one, column ? 2 : 4);
+        short back[6] = {};
+        ASSERT_EQ(CDFgetVarRecordData(id, 1, v, 0, back), CDF_OK);
+        EXPECT_EQ(std::memcmp(back, six, sizeof six), 0);
+        short twelve[12] = {};
+        ASSERT_EQ(CDFlib(SELECT_, zVAR_RECCOUNT_, column ? 1L : 3L, zVAR_RECINTERVAL_, 2L,
+                         zVAR_RECNUMBER_, 0L, zVAR_DIMINDICES_, at01, zVAR_DIMCOUNTS_, c22,
+                         zVAR_DIMINTERVALS_, ones, GET_, zVAR_HYPERDATA_, twelve, NULL_),
+                  column ? CDF_OK : VIRTUAL_RECORD_DATA);
+        EXPECT_EQ(I2(twelve, twelve + 4), column ? (I2{3, 4, 5, 6}) : (I2{2, 3, 5, 6}));
+        if (column) {
+            ASSERT_EQ(CDFcloseCDF(id), CDF_OK);
+        } else {
+            EXPECT_EQ(I2(twelve + 4, twelve + 12), I2(8, kPad2));
+        }
+    }
 }
 
 TEST_F(ObservedData, StridedRecordWritesPadTheRecordsBetween) {
     const long v = make("v", CDF_INT4, 1, {});  // DA08
-    int three[] = {10, 11, 12};
-    records(v, 1, 3, 2);
-    ASSERT_EQ(CDFlib(PUT_, zVAR_HYPERDATA_, three, NULL_), CDF_OK);
-    EXPECT_EQ(counts().max_rec, 5);
-    EXPECT_EQ(counts().num_recs, 6);
+    ASSERT_EQ(cdfgate::test::put_records(v, 1, I4{10, 11, 12}, 2), CDF_OK);
+    EXPECT_EQ(get_long(zVAR_MAXREC_), 5);
+    EXPECT_EQ(get_long(zVAR_NUMRECS_), 6);
+    EXPECT_EQ(get_records<int>(v, 0, 7, VIRTUAL_RECORD_DATA),
+              (I4{kPad4, 10, kPad4, 11, kPad4, 12, kPad4}));
     int seven[7] = {};
-    records(v, 0, 7);
-    EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, seven, NULL_), VIRTUAL_RECORD_DATA);
-    EXPECT_EQ(std::vector<int>(seven, seven + 7),
-              (std::vector<int>{kPad4, 10, kPad4, 11, kPad4, 12, kPad4}));
     EXPECT_EQ(CDFlib(SELECT_, zVAR_RECCOUNT_, 0L, GET_, zVAR_HYPERDATA_, seven, NULL_),
               BAD_REC_COUNT);  // DA09
 }
@@ -429,26 +344,22 @@ TEST_F(ObservedData, CharactersBlankFromTheFirstZeroByteAndKeepHighBytes) {
 
 TEST_F(ObservedData, NegativeZeroAndGapRecordsOfEpoch16) {
     const long r8 = make("r8", CDF_REAL8, 1, {});  // DA12, DA13
-    ASSERT_EQ(put_value(r8, 0, -0.0), CDF_OK);
-    double d = 1;
-    ASSERT_EQ(get_value(r8, 0, d), CDF_OK);
-    EXPECT_TRUE(std::signbit(d));
-    // With the negative-to-positive zero mode on, -0.0 is stored as +0.0.
-    ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0on, NULL_), CDF_OK);
-    ASSERT_EQ(put_value(r8, 1, -0.0), CDF_OK);
-    ASSERT_EQ(get_value(r8, 1, d), CDF_OK);
-    EXPECT_FALSE(std::signbit(d));
+    // With the negative-to-positive zero mode on (record 1), -0.0 is stored as +0.0.
+    for (const long record : {0L, 1L}) {
+        if (record == 1) {
+            ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0on, NULL_), CDF_OK);
+        }
+        ASSERT_EQ(put_value(r8, record, -0.0), CDF_OK);
+        double d = 1;
+        ASSERT_EQ(CDFgetVarRecordData(id_, 1, r8, record, &d), CDF_OK);
+        EXPECT_EQ(std::signbit(d), record == 0);
+    }
     ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0off, NULL_), CDF_OK);
     const long e16 = make("e16", CDF_EPOCH16, 1, {});
     double pair[] = {6.3e10, 5.0};
     ASSERT_EQ(CDFputVarRecordData(id_, 1, e16, 2, pair), CDF_OK);
-    double back[2] = {-1, -1};
-    ASSERT_EQ(CDFgetVarRecordData(id_, 1, e16, 2, back), CDF_OK);
-    EXPECT_EQ(back[0], 6.3e10);
-    EXPECT_EQ(back[1], 5.0);
-    ASSERT_EQ(CDFgetVarRecordData(id_, 1, e16, 0, back), CDF_OK);
-    EXPECT_EQ(back[0], 0.0);
-    EXPECT_EQ(back[1], 0.0);
+    EXPECT_EQ(get_records<double>(e16, 0, 3, CDF_OK, 2),
+              (std::vector<double>{0, 0, 0, 0, 6.3e10, 5.0}));
 }
 
 TEST_F(ObservedData, PartlyWrittenRecordHoldsPadElsewhere) {
@@ -464,10 +375,9 @@ TEST_F(ObservedData, PartlyWrittenRecordHoldsPadElsewhere) {
     ASSERT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 3L, zVAR_DIMINDICES_, at12, PUT_, zVAR_DATA_,
                      &seventy_seven, NULL_),
               CDF_OK);
-    short record[6] = {};
-    ASSERT_EQ(CDFgetVarRecordData(id_, 1, v, 3, record), CDF_OK);
-    EXPECT_EQ(std::vector<short>(record, record + 6),
-              (std::vector<short>{kPad2, kPad2, kPad2, kPad2, kPad2, 77}));
+    I2 record(6);
+    ASSERT_EQ(CDFgetVarRecordData(id_, 1, v, 3, record.data()), CDF_OK);
+    EXPECT_EQ(record, (I2{kPad2, kPad2, kPad2, kPad2, kPad2, 77}));
     const long w = make("w", CDF_INT4, 1, {});
     ASSERT_EQ(put_value(w, 5, 1), CDF_OK);
     EXPECT_EQ(get_long(zVARs_MAXREC_), 5);

@@ -1,8 +1,10 @@
 // Attributes and their entries through the standard interface and CDFlib:
 // scopes, inquiries, entry kinds, replacement, deletion and renumbering.
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "cdf_fixture.h"
 
@@ -43,13 +45,8 @@ TEST_F(Attributes, ScopesAreStoredAsGlobalOrVariable) {
         ASSERT_EQ(CDFlib(GET_, ATTR_SCOPE_, &scope, NULL_), CDF_OK);
         EXPECT_EQ(scope, row.stored) << row.name;
     }
-    long all = 0, global = 0, variable = 0;
-    ASSERT_EQ(CDFlib(GET_, CDF_NUMATTRS_, &all, CDF_NUMgATTRS_, &global, CDF_NUMvATTRS_, &variable,
-                     NULL_),
-              CDF_OK);
-    EXPECT_EQ(all, 5);
-    EXPECT_EQ(global, 3);
-    EXPECT_EQ(variable, 2);
+    EXPECT_EQ((std::array{get(CDF_NUMATTRS_), get(CDF_NUMgATTRS_), get(CDF_NUMvATTRS_)}),
+              (std::array{5L, 3L, 2L}));
 }
 
 TEST_F(Attributes, InquireReportsInapplicableMaximaAsMinusOne) {
@@ -59,14 +56,9 @@ TEST_F(Attributes, InquireReportsInapplicableMaximaAsMinusOne) {
     ASSERT_EQ(CDFputAttrEntry(id_, 1, 0, 3, CDF_INT4, 3, values), CDF_OK);
     ASSERT_EQ(CDFinquireAttr(id_, 0, name, &scope, &g, &r, &z), CDF_OK);
     EXPECT_STREQ(name, "G1");
-    EXPECT_EQ(scope, GLOBAL_SCOPE);
-    EXPECT_EQ(g, 3);
-    EXPECT_EQ(r, -1);
-    EXPECT_EQ(z, -1);
+    EXPECT_EQ((std::array{scope, g, r, z}), (std::array{GLOBAL_SCOPE, 3L, -1L, -1L}));
     ASSERT_EQ(CDFinquireAttr(id_, 1, name, &scope, &g, &r, &z), CDF_OK);
-    EXPECT_EQ(scope, VARIABLE_SCOPE);
-    EXPECT_EQ(g, -1);
-    EXPECT_EQ(z, -1);
+    EXPECT_EQ((std::array{scope, g, z}), (std::array{VARIABLE_SCOPE, -1L, -1L}));
     EXPECT_EQ(CDFinquireAttr(id_, 9, name, &scope, &g, &r, &z), NO_SUCH_ATTR);
     EXPECT_EQ(CDFinquireAttr(id_, -1, name, &scope, &g, &r, &z), BAD_ATTR_NUM);
 }
@@ -100,10 +92,7 @@ TEST_F(Attributes, EntryKindMustFitTheScope) {
         {"inquire missing entry", CDFinquireAttrEntry(id_, 1, 0, 1, &type, &elems), NO_SUCH_ENTRY},
     };
     for (const auto& row : rows) EXPECT_EQ(row.status, row.expected) << row.label;
-    EXPECT_EQ(max, -9);
-    EXPECT_EQ(n, -9);
-    EXPECT_EQ(type, -9);
-    EXPECT_EQ(elems, -9);
+    EXPECT_EQ((std::array{max, n, type, elems}), (std::array{-9L, -9L, -9L, -9L}));
 }
 
 TEST_F(Attributes, EntriesAreReplacedDeletedAndCounted) {
@@ -115,20 +104,15 @@ TEST_F(Attributes, EntriesAreReplacedDeletedAndCounted) {
     long max = 0, n = 0, type = 0, elems = 0;
     ASSERT_EQ(CDFgetAttrMaxEntry(id_, 1, 0, &max), CDF_OK);
     ASSERT_EQ(CDFgetNumAttrEntries(id_, 1, 0, &n), CDF_OK);
-    EXPECT_EQ(max, 1000000);
-    EXPECT_EQ(n, 3);
-
-    char buf[8];
-    std::memset(buf, '#', sizeof buf);
-    ASSERT_EQ(CDFgetAttrEntry(id_, 1, 0, 0, buf), CDF_OK);
-    EXPECT_EQ(std::string(buf, 6), "hello#");  // no terminating zero
+    EXPECT_EQ((std::array{max, n}), (std::array{1000000L, 3L}));
+    std::string buf(6, '#');
+    ASSERT_EQ(CDFgetAttrEntry(id_, 1, 0, 0, buf.data()), CDF_OK);
+    EXPECT_EQ(buf, "hello#");  // no terminating zero
 
     char ok[] = "ok";
     ASSERT_EQ(CDFputAttrEntry(id_, 1, 0, 3, CDF_CHAR, 2, ok), CDF_OK);
     ASSERT_EQ(CDFinquireAttrEntry(id_, 0, 0, 3, &type, &elems), CDF_OK);  // kind 0 fits
-    EXPECT_EQ(type, CDF_CHAR);
-    EXPECT_EQ(elems, 2);
-
+    EXPECT_EQ((std::array{type, elems}), (std::array{CDF_CHAR, 2L}));
     ASSERT_EQ(CDFdeleteAttrEntry(id_, 1, 0, 1000000), CDF_OK);
     ASSERT_EQ(CDFgetAttrMaxEntry(id_, 1, 0, &max), CDF_OK);
     EXPECT_EQ(max, 3);
@@ -167,22 +151,22 @@ TEST_F(Attributes, ZEntriesNeedNoVariableAndFollowVariableDeletion) {
     double got = 0;
     ASSERT_EQ(CDFgetAttrMaxEntry(id_, 3, 1, &max), CDF_OK);
     EXPECT_EQ(max, 6);
-    ASSERT_EQ(CDFgetAttrEntry(id_, 3, 1, 1, &got), CDF_OK);
-    EXPECT_EQ(got, 22);
-    ASSERT_EQ(CDFgetAttrEntry(id_, 3, 1, 0, &got), CDF_OK);
-    EXPECT_EQ(got, 20);
+    for (const auto& [entry, value] : {std::pair{1L, 22.0}, std::pair{0L, 20.0}}) {
+        ASSERT_EQ(CDFgetAttrEntry(id_, 3, 1, entry, &got), CDF_OK);
+        EXPECT_EQ(got, value) << entry;
+    }
 }
 
 TEST_F(Attributes, DeletingAnAttributeRenumbersTheLaterOnes) {
     create_attr("x0", GLOBAL_SCOPE);
-    EXPECT_EQ(CDFgetAttrNum(id_, const_cast<char*>("x0")), 2);
+    EXPECT_EQ(attr_num(id_, "x0"), 2);
     long cur = -9;
     ASSERT_EQ(CDFlib(SELECT_, ATTR_, 0L, DELETE_, ATTR_, NULL_), CDF_OK);
     EXPECT_EQ(CDFlib(CONFIRM_, ATTR_, &cur, NULL_), NO_ATTR_SELECTED);
     EXPECT_EQ(cur, -9);
-    EXPECT_EQ(CDFgetAttrNum(id_, const_cast<char*>("x0")), 1);
-    EXPECT_EQ(CDFgetAttrNum(id_, const_cast<char*>("G1")), NO_SUCH_ATTR);
-    EXPECT_EQ(CDFgetAttrNum(id_, const_cast<char*>("v1")), NO_SUCH_ATTR);  // case counts
+    EXPECT_EQ(attr_num(id_, "x0"), 1);
+    EXPECT_EQ(attr_num(id_, "G1"), NO_SUCH_ATTR);
+    EXPECT_EQ(attr_num(id_, "v1"), NO_SUCH_ATTR);  // case counts
 }
 
 TEST_F(Attributes, EverythingSurvivesCloseAndReopen) {
@@ -206,7 +190,7 @@ TEST_F(Attributes, EverythingSurvivesCloseAndReopen) {
     ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 6, &got_big), CDF_OK);
     ASSERT_EQ(CDFgetAttrEntry(id, 3, 1, 1, got_reals), CDF_OK);
     ASSERT_EQ(CDFgetAttrEntry(id, 3, 1, 0, got_text), CDF_OK);
-    EXPECT_EQ(got_ints[1], -2);
+    EXPECT_EQ(std::to_array(got_ints), std::to_array(ints));
     EXPECT_EQ(got_big, big);
     EXPECT_EQ(got_reals[0], 1.5);
     EXPECT_TRUE(std::signbit(got_reals[1]));
@@ -214,7 +198,7 @@ TEST_F(Attributes, EverythingSurvivesCloseAndReopen) {
     long n = 0;
     ASSERT_EQ(CDFgetNumAttrEntries(id, 3, 1, &n), CDF_OK);
     EXPECT_EQ(n, 2);
-    EXPECT_EQ(CDFgetAttrNum(id, const_cast<char*>("V1")), 1);
+    EXPECT_EQ(attr_num(id, "V1"), 1);
 }
 
 }  // namespace

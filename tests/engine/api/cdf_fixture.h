@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "cdf.h"
 
@@ -58,6 +59,20 @@ class CdfTest : public ::testing::Test {
         long num = -1;
         EXPECT_GE(CDFlib(CREATE_, ATTR_, name, scope, &num, NULL_), CDF_WARN);
         return num;
+    }
+
+    // One long read by GET_ or CONFIRM_ on the current selections (-9 if refused).
+    static long get(long item, long op = GET_) {
+        long value = -9;
+        EXPECT_EQ(CDFlib(op, item, &value, NULL_), CDF_OK) << "item " << item;
+        return value;
+    }
+    static long confirm(long item) { return get(item, CONFIRM_); }
+    static long var_num(CDFid id, const char* name) {
+        return CDFgetVarNum(id, const_cast<char*>(name));
+    }
+    static long attr_num(CDFid id, const char* name) {
+        return CDFgetAttrNum(id, const_cast<char*>(name));
     }
 
     std::filesystem::path dir_;

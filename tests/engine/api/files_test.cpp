@@ -2,26 +2,18 @@
 // and files that are not CDFs or are damaged.
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
+#include "../store/test_files.h"
 #include "cdf_fixture.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-void write_file(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(bytes.data()),
-              static_cast<std::streamsize>(bytes.size()));
-}
-
-std::vector<std::uint8_t> read_file(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
+using cdfgate::test::file_bytes;
+using cdfgate::test::write_bytes;
 
 std::vector<std::uint8_t> magic_then_zeros(std::uint32_t m1, std::uint32_t m2, std::size_t size) {
     std::vector<std::uint8_t> bytes(size, 0);
@@ -32,7 +24,12 @@ std::vector<std::uint8_t> magic_then_zeros(std::uint32_t m1, std::uint32_t m2, s
     return bytes;
 }
 
-class Files : public cdfgate::test::CdfTest {};
+class Files : public cdfgate::test::CdfTest {
+  protected:
+    CDFstatus create_status(const std::string& name, CDFid& id) const {
+        return CDFcreateCDF(const_cast<char*>(path(name).c_str()), &id);
+    }
+};
 
 TEST_F(Files, CreateAddsOrNormalisesTheExtension) {
     const struct {
@@ -45,8 +42,7 @@ TEST_F(Files, CreateAddsOrNormalisesTheExtension) {
                 {"t4.Cdf", "t4.cdf", "t4"}};
     for (const auto& row : rows) {
         CDFid id = nullptr;
-        ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path(row.given).c_str()), &id), CDF_OK)
-            << row.given;
+        ASSERT_EQ(create_status(row.given, id), CDF_OK) << row.given;
         char name[CDF_PATHNAME_LEN + 1];
         ASSERT_EQ(CDFlib(CONFIRM_, CDF_NAME_, name, NULL_), CDF_OK);
         EXPECT_EQ(std::string(name), path(row.confirmed));
@@ -59,13 +55,13 @@ TEST_F(Files, CreateAddsOrNormalisesTheExtension) {
 TEST_F(Files, CreateRefusesExistingFilesAndBadNames) {
     CDFid id = create("t1");
     CDFid other = nullptr;
-    EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path("t1").c_str()), &other), CDF_EXISTS);
-    EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path("t1.cdf").c_str()), &other), CDF_EXISTS);
-    write_file(path("jj.cdf"), {1, 2, 3, 4});
-    EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path("jj").c_str()), &other), CDF_EXISTS);
-    EXPECT_EQ(read_file(path("jj.cdf")).size(), 4u);
+    EXPECT_EQ(create_status("t1", other), CDF_EXISTS);
+    EXPECT_EQ(create_status("t1.cdf", other), CDF_EXISTS);
+    write_bytes(path("jj.cdf"), {1, 2, 3, 4});
+    EXPECT_EQ(create_status("jj", other), CDF_EXISTS);
+    EXPECT_EQ(file_bytes(path("jj.cdf")).size(), 4u);
     EXPECT_EQ(CDFcreateCDF(const_cast<char*>(""), &other), BAD_CDF_NAME);
-    EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path("nodir/x").c_str()), &other), CDF_CREATE_ERROR);
+    EXPECT_EQ(create_status("nodir/x", other), CDF_CREATE_ERROR);
     const struct {
         std::string name;
         CDFstatus status;
@@ -78,8 +74,7 @@ TEST_F(Files, CreateRefusesExistingFilesAndBadNames) {
          BAD_CDF_NAME},  // over 512, parts short
     };
     for (const auto& row : long_names) {
-        EXPECT_EQ(CDFcreateCDF(const_cast<char*>(path(row.name).c_str()), &other), row.status)
-            << row.name.size();
+        EXPECT_EQ(create_status(row.name, other), row.status) << row.name.size();
         if (row.status == CDF_OK) {
             EXPECT_EQ(close(other), CDF_OK);
         }
@@ -117,16 +112,15 @@ TEST_F(Files, OneFileMayBeOpenTwice) {
     ASSERT_EQ(open("twice", a), CDF_OK);
     ASSERT_EQ(open("twice", b), CDF_OK);
     EXPECT_NE(a, b);
-    long format = 0;
-    EXPECT_EQ(CDFlib(SELECT_, CDF_, a, GET_, CDF_FORMAT_, &format, NULL_), CDF_OK);
-    EXPECT_EQ(CDFlib(SELECT_, CDF_, b, GET_, CDF_FORMAT_, &format, NULL_), CDF_OK);
+    for (CDFid id : {a, b}) {
+        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, NULL_), CDF_OK);
+        EXPECT_EQ(get(CDF_FORMAT_), SINGLE_FILE);
+    }
 }
 
 TEST_F(Files, WrongContentsGiveTheReferenceStatuses) {
-    const std::vector<std::uint8_t> valid = [&] {
-        EXPECT_EQ(close(create("valid")), CDF_OK);
-        return read_file(path("valid.cdf"));
-    }();
+    ASSERT_EQ(close(create("valid")), CDF_OK);
+    const std::vector<std::uint8_t> valid = file_bytes(path("valid.cdf"));
     const struct {
         const char* label;
         std::vector<std::uint8_t> bytes;
@@ -146,7 +140,7 @@ TEST_F(Files, WrongContentsGiveTheReferenceStatuses) {
         {"v3 magic then zeros", magic_then_zeros(0xCDF30001, 0x0000FFFF, 408), CORRUPTED_V3_CDF},
     };
     for (const auto& row : rows) {
-        write_file(path("bad.cdf"), row.bytes);
+        write_bytes(path("bad.cdf"), row.bytes);
         CDFid id = nullptr;
         EXPECT_EQ(open("bad", id), row.status) << row.label;
     }
@@ -189,17 +183,16 @@ TEST_F(Files, ValidationOffOpensInconsistentFiles) {
     CDFid id = create("v");
     create_zvar("x", CDF_INT4, 1);
     ASSERT_EQ(close(id), CDF_OK);
-    std::vector<std::uint8_t> bytes = read_file(path("v.cdf"));
+    std::vector<std::uint8_t> bytes = file_bytes(path("v.cdf"));
     // The zVDR follows the GDR at 404; its data type is at offset 20 within it.
     ASSERT_GT(bytes.size(), 430u);
     bytes[404 + 23] = 99;
-    write_file(path("v.cdf"), bytes);
+    write_bytes(path("v.cdf"), bytes);
     EXPECT_EQ(open("v", id), CORRUPTED_V3_CDF);
     CDFsetValidate(VALIDATEFILEoff);
     ASSERT_EQ(open("v", id), CDF_OK);
-    long type = 0;
-    EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_DATATYPE_, &type, NULL_), CDF_OK);
-    EXPECT_EQ(type, 99);
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
+    EXPECT_EQ(get(zVAR_DATATYPE_), 99);
     int value = 0;
     EXPECT_EQ(CDFlib(GET_, zVAR_DATA_, &value, NULL_), BAD_DATA_TYPE);  // SE101
 }
@@ -214,10 +207,20 @@ TEST_F(Files, VariableWithoutAStoredPadGivesTheDefault) {
         std::vector<std::uint8_t> pad;    // the pad item's output over a buffer of '#'
         std::vector<std::uint8_t> value;  // a record never written
     } rows[] = {
-        {"PV61 to PV63", CDF_REAL4, 1, 1, NO_PADVALUE_SPECIFIED, {0xca, 0xf2, 0x49, 0xf1},
+        {"PV61 to PV63",
+         CDF_REAL4,
+         1,
+         1,
+         NO_PADVALUE_SPECIFIED,
+         {0xca, 0xf2, 0x49, 0xf1},
          {0xca, 0xf2, 0x49, 0xf1}},
         // One blank in the first byte only, as the sample dumps show.
-        {"characters", CDF_CHAR, 5, 5, NO_PADVALUE_SPECIFIED, {' ', '#', '#', '#', '#'},
+        {"characters",
+         CDF_CHAR,
+         5,
+         5,
+         NO_PADVALUE_SPECIFIED,
+         {' ', '#', '#', '#', '#'},
          {' ', ' ', ' ', ' ', ' '}},
         {"no elements", CDF_CHAR, 5, -1, CORRUPTED_V3_CDF, {}, {}},
     };
@@ -226,14 +229,14 @@ TEST_F(Files, VariableWithoutAStoredPadGivesTheDefault) {
         CDFid id = create(row.label);
         create_zvar("x", row.type, row.elems);
         ASSERT_EQ(close(id), CDF_OK);
-        std::vector<std::uint8_t> bytes = read_file(path(std::string(row.label) + ".cdf"));
+        std::vector<std::uint8_t> bytes = file_bytes(path(std::string(row.label) + ".cdf"));
         ASSERT_GT(bytes.size(), 404u + 68u);
         bytes[404 + 47] &= static_cast<std::uint8_t>(~2u);  // Flags: pad not present
         for (int i = 0; i < 4; ++i) {
             bytes[404 + 64 + i] = static_cast<std::uint8_t>(
                 static_cast<std::uint32_t>(row.stored_elems) >> (24 - 8 * i));
         }
-        write_file(path(std::string(row.label) + ".cdf"), bytes);
+        write_bytes(path(std::string(row.label) + ".cdf"), bytes);
         ASSERT_EQ(open(row.label, id), CDF_OK) << row.label;
         std::vector<std::uint8_t> pad(row.pad.size() + 1, '#');
         EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_PADVALUE_, pad.data(), NULL_),
@@ -258,13 +261,11 @@ TEST_F(Files, ChecksumIsWrittenAndVerified) {
     ASSERT_EQ(close(id), CDF_OK);
     EXPECT_EQ(fs::file_size(path("sum.cdf")), 420u);
     ASSERT_EQ(open("sum", id), CDF_OK);
-    long checksum = 0;
-    ASSERT_EQ(CDFlib(GET_, CDF_CHECKSUM_, &checksum, NULL_), CDF_OK);
-    EXPECT_EQ(checksum, MD5_CHECKSUM);
+    EXPECT_EQ(get(CDF_CHECKSUM_), MD5_CHECKSUM);
     ASSERT_EQ(close(id), CDF_OK);
-    std::vector<std::uint8_t> bytes = read_file(path("sum.cdf"));
+    std::vector<std::uint8_t> bytes = file_bytes(path("sum.cdf"));
     bytes[100] ^= 0x20;
-    write_file(path("sum.cdf"), bytes);
+    write_bytes(path("sum.cdf"), bytes);
     EXPECT_EQ(open("sum", id), CHECKSUM_ERROR);
 }
 

@@ -1,6 +1,7 @@
 // Selection state of CDFlib: per-CDF and per-variable selections, their checks,
 // resets on create, delete, open and zMode changes.
 #include <array>
+#include <ostream>
 #include <string>
 
 #include "cdf_fixture.h"
@@ -10,7 +11,14 @@ namespace {
 struct VarState {
     long rec = -9, count = -9, interval = -9;
     std::array<long, 2> indices{-9, -9}, counts{-9, -9}, intervals{-9, -9};
+    bool operator==(const VarState&) const = default;
 };
+
+std::ostream& operator<<(std::ostream& out, const VarState& s) {
+    return out << "record " << s.rec << " count " << s.count << " interval " << s.interval
+               << " indices " << s.indices[0] << "," << s.indices[1] << " counts " << s.counts[0]
+               << "," << s.counts[1] << " intervals " << s.intervals[0] << "," << s.intervals[1];
+}
 
 VarState state() {
     VarState s;
@@ -40,13 +48,7 @@ TEST_F(Selection, NothingIsSelectedInANewCdf) {
 TEST_F(Selection, RecordAndDimensionSelectionsAreKeptPerVariable) {
     create("s");
     EXPECT_EQ(create_zvar("v0", CDF_INT4, 1, {3, 4}), 0);
-    VarState fresh = state();
-    EXPECT_EQ(fresh.rec, 0);
-    EXPECT_EQ(fresh.count, 1);
-    EXPECT_EQ(fresh.interval, 1);
-    EXPECT_EQ(fresh.indices, (std::array<long, 2>{0, 0}));
-    EXPECT_EQ(fresh.counts, (std::array<long, 2>{3, 4}));
-    EXPECT_EQ(fresh.intervals, (std::array<long, 2>{1, 1}));
+    EXPECT_EQ(state(), (VarState{0, 1, 1, {0, 0}, {3, 4}, {1, 1}}));
 
     create_zvar("v1", CDF_INT4, 1);
     long idx[] = {2, 3}, cnt[] = {1, 2}, itv[] = {1, 2};
@@ -55,16 +57,9 @@ TEST_F(Selection, RecordAndDimensionSelectionsAreKeptPerVariable) {
                zVAR_DIMINDICES_, idx, zVAR_DIMCOUNTS_, cnt, zVAR_DIMINTERVALS_, itv, NULL_),
         CDF_OK);
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, 1L, NULL_), CDF_OK);
-    VarState scalar = state();
-    EXPECT_EQ(scalar.rec, 0);
-    EXPECT_EQ(scalar.indices, (std::array<long, 2>{-9, -9}));  // 0 dims: not written
+    EXPECT_EQ(state(), (VarState{0, 1, 1}));  // 0 dims: no dimension values written
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
-    VarState kept = state();
-    EXPECT_EQ(kept.rec, 5);
-    EXPECT_EQ(kept.count, 2);
-    EXPECT_EQ(kept.interval, 3);
-    EXPECT_EQ(kept.indices, (std::array<long, 2>{2, 3}));
-    EXPECT_EQ(kept.intervals, (std::array<long, 2>{1, 2}));
+    EXPECT_EQ(state(), (VarState{5, 2, 3, {2, 3}, {1, 2}, {1, 2}}));
 }
 
 TEST_F(Selection, RefusedSelectionsChangeNothing) {
@@ -96,15 +91,8 @@ TEST_F(Selection, RefusedSelectionsChangeNothing) {
         {"entry -1", CDFlib(SELECT_, gENTRY_, -1L, NULL_), BAD_ENTRY_NUM},
     };
     for (const auto& row : rows) EXPECT_EQ(row.status, row.expected) << row.label;
-    long cur = -9;
-    ASSERT_EQ(CDFlib(CONFIRM_, zVAR_, &cur, NULL_), CDF_OK);
-    EXPECT_EQ(cur, 0);
-    VarState s = state();
-    EXPECT_EQ(s.rec, 2000000000);
-    EXPECT_EQ(s.count, 1);
-    EXPECT_EQ(s.indices, (std::array<long, 2>{0, 0}));
-    EXPECT_EQ(s.counts, (std::array<long, 2>{4, 5}));
-    EXPECT_EQ(s.intervals, (std::array<long, 2>{1, 1}));
+    EXPECT_EQ(confirm(zVAR_), 0);
+    EXPECT_EQ(state(), (VarState{2000000000, 1, 1, {0, 0}, {4, 5}, {1, 1}}));
 }
 
 TEST_F(Selection, SelectionsBelongToTheirCdf) {
@@ -117,16 +105,11 @@ TEST_F(Selection, SelectionsBelongToTheirCdf) {
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
     EXPECT_EQ(CDFlib(CONFIRM_, gENTRY_, &n, NULL_), NO_ENTRY_SELECTED);
     ASSERT_EQ(CDFlib(SELECT_, CDF_, a, NULL_), CDF_OK);
-    long var = -9, attr = -9, g = -9, z = -9;
-    ASSERT_EQ(CDFlib(CONFIRM_, zVAR_, &var, ATTR_, &attr, gENTRY_, &g, zENTRY_, &z, NULL_), CDF_OK);
-    EXPECT_EQ(var, 0);
-    EXPECT_EQ(attr, 0);
-    EXPECT_EQ(g, 4);
-    EXPECT_EQ(z, 6);
+    EXPECT_EQ((std::array{confirm(zVAR_), confirm(ATTR_), confirm(gENTRY_), confirm(zENTRY_)}),
+              (std::array{0L, 0L, 4L, 6L}));
     // The entry number belongs to the CDF, not to the attribute.
     create_attr("v", VARIABLE_SCOPE);
-    ASSERT_EQ(CDFlib(CONFIRM_, gENTRY_, &g, NULL_), CDF_OK);
-    EXPECT_EQ(g, 4);
+    EXPECT_EQ(confirm(gENTRY_), 4);
 }
 
 TEST_F(Selection, SelectingAZModeClearsSelections) {
@@ -152,8 +135,8 @@ TEST_F(Selection, DeletingTheCurrentVariableRenumbersTheRest) {
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, 1L, GET_, zVAR_NAME_, name, NULL_), CDF_OK);
     EXPECT_STREQ(name, "v2");
-    EXPECT_EQ(CDFlib(SELECT_, zVAR_NAME_, "v3", CONFIRM_, zVAR_, &n, NULL_), CDF_OK);
-    EXPECT_EQ(n, 2);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_NAME_, "v3", NULL_), CDF_OK);
+    EXPECT_EQ(confirm(zVAR_), 2);
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_EXISTENCE_, "v1", NULL_), NO_SUCH_VAR);
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_EXISTENCE_, "v0", NULL_), CDF_OK);
 }
@@ -165,18 +148,14 @@ TEST_F(Selection, StandardFunctionsSelectWhatTheyTouch) {
     create_attr("g0", GLOBAL_SCOPE);
     create_attr("g1", GLOBAL_SCOPE);
     create("b");
-    EXPECT_EQ(CDFgetVarNum(a, const_cast<char*>("v0")), 0);
+    EXPECT_EQ(var_num(a, "v0"), 0);
     CDFid cur = nullptr;
-    long var = -9, attr = -9, entry = -9;
-    ASSERT_EQ(CDFlib(CONFIRM_, CDF_, &cur, zVAR_, &var, ATTR_, &attr, NULL_), CDF_OK);
+    ASSERT_EQ(CDFlib(CONFIRM_, CDF_, &cur, NULL_), CDF_OK);
     EXPECT_EQ(cur, a);
-    EXPECT_EQ(var, 1);
-    EXPECT_EQ(attr, 1);
+    EXPECT_EQ((std::array{confirm(zVAR_), confirm(ATTR_)}), (std::array{1L, 1L}));
     char x = 'x';
     ASSERT_EQ(CDFputAttrEntry(a, 1, 0, 2, CDF_INT1, 1, &x), CDF_OK);
-    ASSERT_EQ(CDFlib(CONFIRM_, ATTR_, &attr, gENTRY_, &entry, NULL_), CDF_OK);
-    EXPECT_EQ(attr, 0);
-    EXPECT_EQ(entry, 2);
+    EXPECT_EQ((std::array{confirm(ATTR_), confirm(gENTRY_)}), (std::array{0L, 2L}));
 }
 
 TEST_F(Selection, OpeningStartsWithNothingSelected) {
@@ -191,9 +170,7 @@ TEST_F(Selection, OpeningStartsWithNothingSelected) {
     long n = -9;
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
-    VarState s = state();
-    EXPECT_EQ(s.rec, 0);
-    EXPECT_EQ(s.counts, (std::array<long, 2>{3, 4}));
+    EXPECT_EQ(state(), (VarState{0, 1, 1, {0, 0}, {3, 4}, {1, 1}}));
 }
 
 }  // namespace

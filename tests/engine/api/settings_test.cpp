@@ -14,34 +14,19 @@ class Settings : public cdfgate::test::CdfTest {};
 
 TEST_F(Settings, NewCdfDefaults) {
     create("d");
-    long v = 0, r = 0, i = 0, fmt = 0, maj = 0, enc = 0, sum = 0;
-    ASSERT_EQ(CDFlib(GET_, CDF_VERSION_, &v, CDF_RELEASE_, &r, CDF_INCREMENT_, &i, CDF_FORMAT_,
-                     &fmt, CDF_MAJORITY_, &maj, CDF_ENCODING_, &enc, CDF_CHECKSUM_, &sum, NULL_),
-              CDF_OK);
-    EXPECT_EQ(v * 100 + r * 10 + i, 364);
-    EXPECT_EQ(fmt, SINGLE_FILE);
-    EXPECT_EQ(maj, ROW_MAJOR);
-    EXPECT_EQ(enc, IBMPC_ENCODING);
-    EXPECT_EQ(sum, NO_CHECKSUM);
-    long ro = -9, zm = -9, dec = -9, neg = -9, c1 = 0, c2 = 0, c3 = 0;
-    ASSERT_EQ(CDFlib(CONFIRM_, CDF_READONLY_MODE_, &ro, CDF_zMODE_, &zm, CDF_DECODING_, &dec,
-                     CDF_NEGtoPOSfp0_MODE_, &neg, CDF_CACHESIZE_, &c1, STAGE_CACHESIZE_, &c2,
-                     COMPRESS_CACHESIZE_, &c3, NULL_),
-              CDF_OK);
-    EXPECT_EQ(ro, READONLYoff);
-    EXPECT_EQ(zm, zMODEoff);
-    EXPECT_EQ(dec, HOST_DECODING);
-    EXPECT_EQ(neg, NEGtoPOSfp0off);
-    EXPECT_EQ(c1, 300);
-    EXPECT_EQ(c2, 125);
-    EXPECT_EQ(c3, 80);
+    EXPECT_EQ(get(CDF_VERSION_) * 100 + get(CDF_RELEASE_) * 10 + get(CDF_INCREMENT_), 364);
+    EXPECT_EQ(
+        (std::array{get(CDF_FORMAT_), get(CDF_MAJORITY_), get(CDF_ENCODING_), get(CDF_CHECKSUM_)}),
+        (std::array{SINGLE_FILE, ROW_MAJOR, IBMPC_ENCODING, NO_CHECKSUM}));
+    EXPECT_EQ((std::array{confirm(CDF_READONLY_MODE_), confirm(CDF_zMODE_), confirm(CDF_DECODING_),
+                          confirm(CDF_NEGtoPOSfp0_MODE_), confirm(CDF_CACHESIZE_),
+                          confirm(STAGE_CACHESIZE_), confirm(COMPRESS_CACHESIZE_)}),
+              (std::array{READONLYoff, zMODEoff, HOST_DECODING, NEGtoPOSfp0off, 300L, 125L, 80L}));
     long type = -9, parms[CDF_MAX_PARMS] = {-9}, pct = -9, sizes[CDF_MAX_DIMS] = {-9};
     ASSERT_EQ(CDFlib(GET_, CDF_COMPRESSION_, &type, parms, &pct, rVARs_DIMSIZES_, sizes, NULL_),
               CDF_OK);
-    EXPECT_EQ(type, NO_COMPRESSION);
-    EXPECT_EQ(parms[0], -9);
-    EXPECT_EQ(pct, 100);
-    EXPECT_EQ(sizes[0], -9);
+    EXPECT_EQ((std::array{type, parms[0], pct, sizes[0]}),
+              (std::array{NO_COMPRESSION, -9L, 100L, -9L}));
     char notice[CDF_COPYRIGHT_LEN + 1];
     ASSERT_EQ(CDFlib(GET_, CDF_COPYRIGHT_, notice, NULL_), CDF_OK);
     EXPECT_EQ(std::strlen(notice), 197u);
@@ -50,7 +35,6 @@ TEST_F(Settings, NewCdfDefaults) {
 
 TEST_F(Settings, CacheSizes) {
     create("c");
-    long n = 0;
     const struct {
         long item, value, status, confirmed;
     } rows[] = {{CDF_CACHESIZE_, 50, CDF_OK, 50},
@@ -62,11 +46,10 @@ TEST_F(Settings, CacheSizes) {
                 {COMPRESS_CACHESIZE_, -1, BAD_CACHE_SIZE, 9}};
     for (const auto& row : rows) {
         EXPECT_EQ(CDFlib(SELECT_, row.item, row.value, NULL_), row.status);
-        ASSERT_EQ(CDFlib(CONFIRM_, row.item, &n, NULL_), CDF_OK);
-        EXPECT_EQ(n, row.confirmed) << row.item << " " << row.value;
+        EXPECT_EQ(confirm(row.item), row.confirmed) << row.item << " " << row.value;
     }
     create_zvar("v", CDF_INT4, 1);
-    n = -9;
+    long n = -9;
     EXPECT_EQ(CDFlib(SELECT_, zVARs_CACHESIZE_, 5L, NULL_), SINGLE_FILE_FORMAT);
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_CACHESIZE_, &n, NULL_), SINGLE_FILE_FORMAT);
     EXPECT_EQ(n, -9);
@@ -85,9 +68,7 @@ TEST_F(Settings, FormatMajorityAndEncodingBecomeFixed) {
     EXPECT_EQ(put(CDF_ENCODING_, 10), BAD_ENCODING);
     EXPECT_EQ(put(CDF_ENCODING_, 17), BAD_ENCODING);
     EXPECT_EQ(put(CDF_ENCODING_, HOST_ENCODING), CDF_OK);
-    long enc = 0;
-    ASSERT_EQ(CDFlib(GET_, CDF_ENCODING_, &enc, NULL_), CDF_OK);
-    EXPECT_EQ(enc, IBMPC_ENCODING);
+    EXPECT_EQ(get(CDF_ENCODING_), IBMPC_ENCODING);
     EXPECT_EQ(put(CDF_FORMAT_, MULTI_FILE), CDF_OK);
     EXPECT_EQ(put(CDF_CHECKSUM_, MD5_CHECKSUM), CANNOT_CHANGE);  // multi-file
     EXPECT_EQ(put(CDF_FORMAT_, SINGLE_FILE), CDF_OK);
@@ -98,9 +79,7 @@ TEST_F(Settings, FormatMajorityAndEncodingBecomeFixed) {
     EXPECT_EQ(put(CDF_MAJORITY_, COLUMN_MAJOR), CDF_OK);  // no value written yet
     EXPECT_EQ(put(CDF_CHECKSUM_, OTHER_CHECKSUM), CDF_OK);
     EXPECT_EQ(put(CDF_CHECKSUM_, 7), BAD_CHECKSUM);
-    long sum = 0;
-    ASSERT_EQ(CDFlib(GET_, CDF_CHECKSUM_, &sum, NULL_), CDF_OK);
-    EXPECT_EQ(sum, OTHER_CHECKSUM);
+    EXPECT_EQ(get(CDF_CHECKSUM_), OTHER_CHECKSUM);
 }
 
 TEST_F(Settings, AnEntryFixesTheEncodingButNotTheMajority) {
@@ -121,9 +100,8 @@ TEST_F(Settings, ReadOnlyModeRefusesChanges) {
     ASSERT_EQ(open("ro", id), CDF_OK);
     EXPECT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, 1L, NULL_), BAD_READONLY_MODE);
     ASSERT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, READONLYon, NULL_), CDF_OK);
-    long mode = 0, num = -9, type = 0;
-    ASSERT_EQ(CDFlib(CONFIRM_, CDF_READONLY_MODE_, &mode, NULL_), CDF_OK);
-    EXPECT_EQ(mode, READONLYon);
+    EXPECT_EQ(confirm(CDF_READONLY_MODE_), READONLYon);
+    long num = -9;
     int pad = 5;
     const struct {
         const char* label;
@@ -142,29 +120,24 @@ TEST_F(Settings, ReadOnlyModeRefusesChanges) {
     };
     for (const auto& row : rows) EXPECT_EQ(row.status, READ_ONLY_MODE) << row.label;
     EXPECT_EQ(num, -9);
-    EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_DATATYPE_, &type, NULL_), CDF_OK);
-    EXPECT_EQ(type, CDF_INT4);
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
+    EXPECT_EQ(get(zVAR_DATATYPE_), CDF_INT4);
 }
 
 TEST_F(Settings, ReadOnlyModeStaysOffOnAChangedCdf) {
     create("n");
     ASSERT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, READONLYon, NULL_), CDF_OK);
-    long mode = -9;
-    ASSERT_EQ(CDFlib(CONFIRM_, CDF_READONLY_MODE_, &mode, NULL_), CDF_OK);
-    EXPECT_EQ(mode, READONLYoff);
+    EXPECT_EQ(confirm(CDF_READONLY_MODE_), READONLYoff);
     EXPECT_EQ(create_attr("still", GLOBAL_SCOPE), 0);
 }
 
 TEST_F(Settings, VariableSettingsBeforeAnyRecord) {
     create("vs");
     create_zvar("v", CDF_INT4, 1);
-    long value = -9;
     EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, 3L, NULL_), UNKNOWN_SPARSENESS);
     EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, -1L, NULL_), UNKNOWN_SPARSENESS);
-    ASSERT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, PREV_SPARSERECORDS, GET_, zVAR_SPARSERECORDS_,
-                     &value, NULL_),
-              CDF_OK);
-    EXPECT_EQ(value, PREV_SPARSERECORDS);
+    ASSERT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, PREV_SPARSERECORDS, NULL_), CDF_OK);
+    EXPECT_EQ(get(zVAR_SPARSERECORDS_), PREV_SPARSERECORDS);
     EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, -1L, NULL_), BAD_BLOCKING_FACTOR);
     long parms[] = {10};
     EXPECT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, 4L, parms, NULL_), UNKNOWN_COMPRESSION);
@@ -172,20 +145,17 @@ TEST_F(Settings, VariableSettingsBeforeAnyRecord) {
               BAD_COMPRESSION_PARM);
     parms[0] = 6;
     ASSERT_EQ(CDFlib(PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, parms, NULL_), CDF_OK);
-    long type = -9, got[CDF_MAX_PARMS] = {}, pct = -9, p = -9;
+    long type = -9, got[CDF_MAX_PARMS] = {}, pct = -9;
     ASSERT_EQ(CDFlib(GET_, zVAR_COMPRESSION_, &type, got, &pct, NULL_), CDF_OK);
-    EXPECT_EQ(type, GZIP_COMPRESSION);
-    EXPECT_EQ(got[0], 6);
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, 20L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_),
-              CDF_OK);
-    EXPECT_EQ(p, 20);
+    EXPECT_EQ((std::array{type, got[0]}), (std::array{GZIP_COMPRESSION, 6L}));
+    ASSERT_EQ(CDFlib(SELECT_, zVAR_RESERVEPERCENT_, 20L, NULL_), CDF_OK);
+    EXPECT_EQ(confirm(zVAR_RESERVEPERCENT_), 20);
 
     long nrv = -1;
     ASSERT_EQ(CDFlib(CREATE_, zVAR_, "n", CDF_INT4, 1L, 0L, nullptr, NOVARY, nullptr, &nrv, NULL_),
               CDF_OK);
     EXPECT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 10L, NULL_), FORCED_PARAMETER);
-    ASSERT_EQ(CDFlib(GET_, zVAR_BLOCKINGFACTOR_, &value, NULL_), CDF_OK);
-    EXPECT_EQ(value, 1);
+    EXPECT_EQ(get(zVAR_BLOCKINGFACTOR_), 1);
 }
 
 TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
@@ -194,23 +164,21 @@ TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
     const struct {
         long type;
         std::vector<unsigned char> bytes;
-    } rows[] = {
-        {CDF_INT1, {0x81}},
-        {CDF_INT2, {0x01, 0x80}},
-        {CDF_INT4, {0x01, 0, 0, 0x80}},
-        {CDF_INT8, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
-        {CDF_UINT1, {0xfe}},
-        {CDF_UINT2, {0xfe, 0xff}},
-        {CDF_UINT4, {0xfe, 0xff, 0xff, 0xff}},
-        {CDF_REAL4, {0xca, 0xf2, 0x49, 0xf1}},
-        {CDF_REAL8, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}},
-        {CDF_EPOCH, std::vector<unsigned char>(8, 0)},
-        {CDF_EPOCH16, std::vector<unsigned char>(16, 0)},
-        {CDF_TIME_TT2000, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
-        {CDF_BYTE, {0x81}},
-        {CDF_FLOAT, {0xca, 0xf2, 0x49, 0xf1}},
-        {CDF_DOUBLE, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}},
-    };
+    } rows[] = {{CDF_INT1, {0x81}},
+                {CDF_INT2, {0x01, 0x80}},
+                {CDF_INT4, {0x01, 0, 0, 0x80}},
+                {CDF_INT8, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
+                {CDF_UINT1, {0xfe}},
+                {CDF_UINT2, {0xfe, 0xff}},
+                {CDF_UINT4, {0xfe, 0xff, 0xff, 0xff}},
+                {CDF_REAL4, {0xca, 0xf2, 0x49, 0xf1}},
+                {CDF_REAL8, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}},
+                {CDF_EPOCH, std::vector<unsigned char>(8, 0)},
+                {CDF_EPOCH16, std::vector<unsigned char>(16, 0)},
+                {CDF_TIME_TT2000, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
+                {CDF_BYTE, {0x81}},
+                {CDF_FLOAT, {0xca, 0xf2, 0x49, 0xf1}},
+                {CDF_DOUBLE, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}}};
     for (const auto& row : rows) {
         create_zvar(("v" + std::to_string(row.type)).c_str(), row.type, 1);
         std::vector<unsigned char> pad(row.bytes.size() + 1, 0x99);

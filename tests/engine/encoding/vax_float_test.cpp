@@ -6,8 +6,10 @@
 
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -25,12 +27,6 @@ std::vector<std::uint8_t> from_hex(const std::string& hex) {
         out.push_back(static_cast<std::uint8_t>(std::stoi(hex.substr(i, 2), nullptr, 16)));
     }
     return out;
-}
-
-float as_float(const std::vector<std::uint8_t>& b) {
-    float f;
-    std::memcpy(&f, b.data(), 4);
-    return f;
 }
 
 double as_double(const std::vector<std::uint8_t>& b, std::size_t at = 0) {
@@ -51,62 +47,65 @@ std::uint64_t double_bits(double d) {
     return u;
 }
 
-// Bytes as stored in encoding_vax.cdf / encoding_alphavmsg.cdf and the values
-// written to them.
-struct SingleCase {
-    const char* stored;
-    float value;
-};
-
-TEST(VaxFloat, FFloatsOfTheEncodingSamplesReadBackExactly) {
-    const SingleCase cases[] = {{"80400000", 1.0f},
-                                {"20C10000", -2.5f},
-                                {"820020AB", 3.0e-39f},
-                                {"4972CAF2", 1.0e30f},
-                                {"49F2CAF2", -1.0e30f}};
-    for (const auto& c : cases) {
-        auto bytes = from_hex(c.stored);
-        vax_f_to_ieee(bytes.data(), 1);
-        EXPECT_EQ(float_bits(as_float(bytes)), float_bits(c.value)) << c.stored;
-    }
-}
-
-struct DoubleCase {
-    const char* stored;
+// Bytes as stored in encoding_vax.cdf (F, D) / encoding_alphavmsg.cdf (F, G) and
+// the values written to them. Each format's rows convert as one array, in place.
+struct Stored {
+    const char* hex;
     double value;
 };
 
-TEST(VaxFloat, DFloatsOfTheVaxSampleReadBack) {
-    const DoubleCase cases[] = {
-        {"8040000000000000", 1.0},
-        {"20C1000000000000", -2.5},
-        {"8000000000000000", 2.9387358770557188e-39},  // D minimum from 1.0e-300
-        {"CC3ECCCCCCCCD0CC", 0.1},
-        {"6557679B30500000", 63113904000000.0},
-        {"6B521B1E00F80000", 63113904000.0},
-        {"49F2C9F204CD5067", -1.0e30},
-    };
-    for (const auto& c : cases) {
-        auto bytes = from_hex(c.stored);
-        vax_d_to_ieee(bytes.data(), 1);
-        EXPECT_EQ(double_bits(as_double(bytes)), double_bits(c.value)) << c.stored;
-    }
+const Stored kF[] = {{"80400000", 1.0f},
+                     {"20C10000", -2.5f},
+                     {"820020AB", 3.0e-39f},
+                     {"4972CAF2", 1.0e30f},
+                     {"49F2CAF2", -1.0e30f}};
+const Stored kD[] = {
+    {"8040000000000000", 1.0},
+    {"20C1000000000000", -2.5},
+    {"8000000000000000", 2.9387358770557188e-39},  // D minimum from 1.0e-300
+    {"CC3ECCCCCCCCD0CC", 0.1},
+    {"6557679B30500000", 63113904000000.0},
+    {"6B521B1E00F80000", 63113904000.0},
+    {"49F2C9F204CD5067", -1.0e30},
+};
+const Stored kG[] = {
+    {"1040000000000000", 1.0},
+    {"24C0000000000000", -2.5},
+    {"C5011F6EF8C259F3", 1.0e-300},
+    {"D93F999999999A99", 0.1},
+    {"EC426CB306EA0000", 63113904000000.0},
+    {"4D42C363007F0000", 63113904000.0},
+    {"49C6593EA039EA8C", -1.0e30},
+};
+
+template <std::size_t N>
+std::vector<std::uint8_t> joined(const Stored (&rows)[N]) {
+    std::string hex;
+    for (const Stored& row : rows) hex += row.hex;
+    return from_hex(hex);
 }
 
-TEST(VaxFloat, GFloatsOfTheAlphaSampleReadBackExactly) {
-    const DoubleCase cases[] = {
-        {"1040000000000000", 1.0},
-        {"24C0000000000000", -2.5},
-        {"C5011F6EF8C259F3", 1.0e-300},
-        {"D93F999999999A99", 0.1},
-        {"EC426CB306EA0000", 63113904000000.0},
-        {"4D42C363007F0000", 63113904000.0},
-        {"49C6593EA039EA8C", -1.0e30},
-    };
-    for (const auto& c : cases) {
-        auto bytes = from_hex(c.stored);
-        vax_g_to_ieee(bytes.data(), 1);
-        EXPECT_EQ(double_bits(as_double(bytes)), double_bits(c.value)) << c.stored;
+TEST(VaxFloat, StoredSamplesReadBackExactlyAsArrays) {
+    auto f = joined(kF);
+    vax_f_to_ieee(f.data(), std::size(kF));
+    for (std::size_t i = 0; i < std::size(kF); ++i) {
+        float got;
+        std::memcpy(&got, f.data() + 4 * i, 4);
+        EXPECT_EQ(float_bits(got), float_bits(static_cast<float>(kF[i].value))) << kF[i].hex;
+    }
+    const struct {
+        const Stored* rows;
+        std::size_t n;
+        std::vector<std::uint8_t> bytes;
+        void (*convert)(std::uint8_t*, std::size_t);
+    } doubles[] = {{kD, std::size(kD), joined(kD), vax_d_to_ieee},
+                   {kG, std::size(kG), joined(kG), vax_g_to_ieee}};
+    for (auto d : doubles) {
+        d.convert(d.bytes.data(), d.n);
+        for (std::size_t i = 0; i < d.n; ++i) {
+            EXPECT_EQ(double_bits(as_double(d.bytes, 8 * i)), double_bits(d.rows[i].value))
+                << d.rows[i].hex;
+        }
     }
 }
 
@@ -181,45 +180,14 @@ TEST(VaxFloat, EveryExponentMatchesTheArithmeticModel) {
 
 TEST(VaxFloat, SubnormalResultsRoundToNearestEven) {
     // F exponent 2 halves the significand: odd fractions sit exactly half-way.
-    for (std::uint32_t frac : {0u, 1u, 2u, 3u, 5u, 0x7FFFFFu}) {
-        const std::uint32_t v = (2u << 23) | frac;
-        EXPECT_EQ(vax_f_bits_to_ieee(v), float_bits(f_model(v))) << frac;
-    }
     // Exponent 1 quarters it: remainders below, at and above half.
-    for (std::uint32_t frac : {1u, 2u, 3u, 6u, 7u, 0x7FFFFFu}) {
-        const std::uint32_t v = (1u << 23) | frac;
-        EXPECT_EQ(vax_f_bits_to_ieee(v), float_bits(f_model(v))) << frac;
+    const std::pair<std::uint32_t, std::uint32_t> rows[] = {
+        {2, 0}, {2, 1}, {2, 2}, {2, 3}, {2, 5}, {2, 0x7FFFFF},
+        {1, 1}, {1, 2}, {1, 3}, {1, 6}, {1, 7}, {1, 0x7FFFFF}};
+    for (const auto& [exponent, frac] : rows) {
+        const std::uint32_t v = (exponent << 23) | frac;
+        EXPECT_EQ(vax_f_bits_to_ieee(v), float_bits(f_model(v))) << exponent << "/" << frac;
     }
-}
-
-TEST(VaxFloat, ArraysConvertEveryElementInPlace) {
-    // Three F values then check that neighbours do not disturb each other.
-    auto f = from_hex(
-        "80400000"
-        "20C10000"
-        "4972CAF2");
-    vax_f_to_ieee(f.data(), 3);
-    float fs[3];
-    std::memcpy(fs, f.data(), 12);
-    EXPECT_EQ(fs[0], 1.0f);
-    EXPECT_EQ(fs[1], -2.5f);
-    EXPECT_EQ(fs[2], 1.0e30f);
-
-    auto g = from_hex(
-        "1040000000000000"
-        "24C0000000000000"
-        "D93F999999999A99");
-    vax_g_to_ieee(g.data(), 3);
-    EXPECT_EQ(as_double(g, 0), 1.0);
-    EXPECT_EQ(as_double(g, 8), -2.5);
-    EXPECT_EQ(as_double(g, 16), 0.1);
-
-    auto d = from_hex(
-        "8040000000000000"
-        "20C1000000000000");
-    vax_d_to_ieee(d.data(), 2);
-    EXPECT_EQ(as_double(d, 0), 1.0);
-    EXPECT_EQ(as_double(d, 8), -2.5);
 }
 
 }  // namespace

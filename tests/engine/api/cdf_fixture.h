@@ -61,6 +61,7 @@ class CdfTest : public ::testing::Test {
         return num;
     }
 
+  public:
     // One long read by GET_ or CONFIRM_ on the current selections (-9 if refused).
     static long get(long item, long op = GET_) {
         long value = -9;
@@ -75,6 +76,7 @@ class CdfTest : public ::testing::Test {
         return CDFgetAttrNum(id, const_cast<char*>(name));
     }
 
+  protected:
     std::filesystem::path dir_;
     std::vector<CDFid> open_;
 };

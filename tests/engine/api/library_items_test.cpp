@@ -2,10 +2,11 @@
 // need no open CDF.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstring>
 #include <string>
 
-#include "cdf.h"
+#include "cdf_fixture.h"
 
 namespace {
 
@@ -17,11 +18,8 @@ std::string textOf(long status) {
     return buf;
 }
 
-TEST(CallGrammar, NullAloneSucceeds) {
+TEST(CallGrammar, NullAloneSucceedsAndUnknownOperationsOrItemsAreRefused) {
     EXPECT_EQ(CDFlib(NULL_), CDF_OK);
-}
-
-TEST(CallGrammar, UnknownOperationOrItemIsRefused) {
     long x = -9;
     EXPECT_EQ(CDFlib(9999L, NULL_), BAD_FNC_OR_ITEM);
     EXPECT_EQ(CDFlib(GET_, 9999L, &x, NULL_), BAD_FNC_OR_ITEM);
@@ -31,12 +29,10 @@ TEST(CallGrammar, UnknownOperationOrItemIsRefused) {
 }
 
 TEST(CallGrammar, FirstErrorStopsTheCall) {
-    long st = 0;
     // The unknown item stops the call before the later status selection runs.
     ASSERT_EQ(CDFlib(SELECT_, CDF_STATUS_, 7L, NULL_), CDF_OK);
     EXPECT_EQ(CDFlib(GET_, 9999L, SELECT_, CDF_STATUS_, 8L, NULL_), BAD_FNC_OR_ITEM);
-    ASSERT_EQ(CDFlib(CONFIRM_, CDF_STATUS_, &st, NULL_), CDF_OK);
-    EXPECT_EQ(st, 7);
+    EXPECT_EQ(cdfgate::test::CdfTest::confirm(CDF_STATUS_), 7);
 }
 
 TEST(DataTypeSize, EveryTypeHasItsElementSizeAndOthersAreRefused) {
@@ -62,9 +58,8 @@ TEST(DataTypeSize, EveryTypeHasItsElementSizeAndOthersAreRefused) {
 
 TEST(StatusSelection, AnyValueIsKeptAndConfirmed) {
     for (const long code : {NO_SUCH_VAR, -9999L, 5555L, CDF_OK}) {
-        long st = 0;
-        ASSERT_EQ(CDFlib(SELECT_, CDF_STATUS_, code, CONFIRM_, CDF_STATUS_, &st, NULL_), CDF_OK);
-        EXPECT_EQ(st, code);
+        ASSERT_EQ(CDFlib(SELECT_, CDF_STATUS_, code, NULL_), CDF_OK);
+        EXPECT_EQ(cdfgate::test::CdfTest::confirm(CDF_STATUS_), code);
     }
 }
 
@@ -111,9 +106,7 @@ TEST(LibraryItems, VersionAndNotice) {
     ASSERT_EQ(CDFlib(GET_, LIB_VERSION_, &version, LIB_RELEASE_, &release, LIB_INCREMENT_,
                      &increment, LIB_subINCREMENT_, &sub, LIB_COPYRIGHT_, notice, NULL_),
               CDF_OK);
-    EXPECT_EQ(version, 3);
-    EXPECT_EQ(release, 6);
-    EXPECT_EQ(increment, 4);
+    EXPECT_EQ((std::array{version, release, increment}), (std::array{3L, 6L, 4L}));
     EXPECT_EQ(sub, '0');
     const std::string text = notice;
     ASSERT_FALSE(text.empty());
@@ -131,17 +124,13 @@ TEST(CdfSelection, NothingIsCurrentAtStartAndUnknownIdsAreRefused) {
 }
 
 TEST(ProcessModes, BackwardAndValidate) {
-    EXPECT_EQ(CDFgetFileBackward(), 0);
+    EXPECT_EQ((std::array{CDFgetFileBackward(), CDFgetValidate()}), (std::array{0, 1}));
     CDFsetFileBackward(5);
-    EXPECT_EQ(CDFgetFileBackward(), 1);
-    CDFsetFileBackward(0);
-    EXPECT_EQ(CDFgetFileBackward(), 0);
-
-    EXPECT_EQ(CDFgetValidate(), 1);
     CDFsetValidate(1);  // only VALIDATEFILEon turns it on
-    EXPECT_EQ(CDFgetValidate(), 0);
+    EXPECT_EQ((std::array{CDFgetFileBackward(), CDFgetValidate()}), (std::array{1, 0}));
+    CDFsetFileBackward(0);
     CDFsetValidate(VALIDATEFILEon);
-    EXPECT_EQ(CDFgetValidate(), 1);
+    EXPECT_EQ((std::array{CDFgetFileBackward(), CDFgetValidate()}), (std::array{0, 1}));
 }
 
 }  // namespace

@@ -41,15 +41,14 @@ TEST_F(Names, VariableNamesFollowTheRules) {
     };
     for (const NameRow& row : rows) {
         long num = -9;
-        long count_before = 0, count_after = 0;
-        CDFlib(GET_, CDF_NUMzVARS_, &count_before, NULL_);
-        const CDFstatus status = CDFlib(CREATE_, zVAR_, row.name.c_str(), CDF_INT4, 1L, 0L, nullptr,
-                                        VARY, nullptr, &num, NULL_);
-        EXPECT_EQ(status, row.status) << row.label;
-        CDFlib(GET_, CDF_NUMzVARS_, &count_after, NULL_);
+        const long count_before = get(CDF_NUMzVARS_);
+        EXPECT_EQ(CDFlib(CREATE_, zVAR_, row.name.c_str(), CDF_INT4, 1L, 0L, nullptr, VARY, nullptr,
+                         &num, NULL_),
+                  row.status)
+            << row.label;
         if (row.stored.empty()) {
             EXPECT_EQ(num, -9) << row.label;
-            EXPECT_EQ(count_after, count_before) << row.label;
+            EXPECT_EQ(get(CDF_NUMzVARS_), count_before) << row.label;
             continue;
         }
         char stored[CDF_VAR_NAME_LEN256 + 1];
@@ -60,25 +59,20 @@ TEST_F(Names, VariableNamesFollowTheRules) {
 
 TEST_F(Names, LookupsIgnoreTrailingBlanksButNotCaseOrLeadingBlanks) {
     CDFid id = create("l");
-    create_zvar("abc", CDF_INT4, 1);
-    create_zvar("ABC", CDF_INT4, 1);
-    create_zvar("  lead", CDF_INT4, 1);
-    create_zvar("   ", CDF_INT4, 1);
-    create_zvar("tb  ", CDF_INT4, 1);
+    for (const char* name : {"abc", "ABC", "  lead", "   ", "tb  "}) create_zvar(name, CDF_INT4, 1);
     const struct {
         const char* name;
         long expected;
     } rows[] = {{"abc", 0}, {"abc ", 0}, {"Abc", NO_SUCH_VAR}, {"ABC", 1}, {"lead", NO_SUCH_VAR},
                 {"", 3},    {"tb", 4}};
     for (const auto& row : rows) {
-        EXPECT_EQ(CDFgetVarNum(id, const_cast<char*>(row.name)), row.expected) << row.name;
+        EXPECT_EQ(var_num(id, row.name), row.expected) << row.name;
     }
 }
 
 TEST_F(Names, RenamingAVariable) {
     create("r");
-    create_zvar("abc", CDF_INT4, 1);
-    create_zvar("ABC", CDF_INT4, 1);
+    for (const char* name : {"abc", "ABC"}) create_zvar(name, CDF_INT4, 1);
     char name[CDF_VAR_NAME_LEN256 + 1];
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, PUT_, zVAR_NAME_, "ABC", NULL_), VAR_EXISTS);
     EXPECT_EQ(CDFlib(PUT_, zVAR_NAME_, "abc", NULL_), CDF_OK);
@@ -101,7 +95,7 @@ TEST_F(Names, AttributeNamesFollowTheSameRules) {
     EXPECT_EQ(CDFlib(CREATE_, ATTR_, std::string(258, 'm').c_str(), GLOBAL_SCOPE, &num, NULL_),
               ATTR_NAME_TRUNC);
     EXPECT_EQ(num, 2);
-    EXPECT_EQ(CDFgetAttrNum(id, const_cast<char*>("att ")), 0);
+    EXPECT_EQ(attr_num(id, "att "), 0);
     char name[CDF_ATTR_NAME_LEN256 + 1];
     EXPECT_EQ(CDFlib(SELECT_, ATTR_, 0L, PUT_, ATTR_NAME_, "", NULL_), BAD_ATTR_NAME);
     EXPECT_EQ(CDFlib(PUT_, ATTR_NAME_, "ren   ", GET_, ATTR_NAME_, name, NULL_), CDF_OK);

@@ -26,16 +26,12 @@ TEST_F(StatusCombination, WarningSurvivesLaterSuccess) {
     EXPECT_EQ(num, 1);
 }
 
-TEST_F(StatusCombination, WarningOutranksInformationInEitherOrder) {
-    long p = 0;
+TEST_F(StatusCombination, WarningOutranksInformationInEitherOrderAndTheLastWarningWins) {
+    long num = -1, p = 0;
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, CLOSE_, zVAR_, NULL_),
               NA_FOR_VARIABLE);
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, 0L, CLOSE_, zVAR_, CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_),
               NA_FOR_VARIABLE);
-}
-
-TEST_F(StatusCombination, LastWarningWins) {
-    long num = -1, p = 0;
     EXPECT_EQ(CDFlib(CREATE_, zVAR_, long_name_.c_str(), CDF_INT4, 1L, 0L, nullptr, VARY, nullptr,
                      &num, SELECT_, zVAR_, 0L, CONFIRM_, zVAR_RESERVEPERCENT_, &p, NULL_),
               NA_FOR_VARIABLE);
@@ -45,19 +41,17 @@ TEST_F(StatusCombination, LastWarningWins) {
 }
 
 TEST_F(StatusCombination, ErrorStopsTheCallAndKeepsEarlierEffects) {
-    long p = 0, cur = -9;
+    long p = 0;
     EXPECT_EQ(CDFlib(CONFIRM_, zVAR_RESERVEPERCENT_, &p, SELECT_, zVAR_, 5L, PUT_, zVAR_NAME_, "x",
                      NULL_),
               NO_SUCH_VAR);
     char name[CDF_VAR_NAME_LEN256 + 1];
-    ASSERT_EQ(CDFlib(CONFIRM_, zVAR_, &cur, GET_, zVAR_NAME_, name, NULL_), CDF_OK);
-    EXPECT_EQ(cur, 0);
+    EXPECT_EQ(confirm(zVAR_), 0);
+    ASSERT_EQ(CDFlib(GET_, zVAR_NAME_, name, NULL_), CDF_OK);
     EXPECT_STREQ(name, "v0");
     // The selection made before the failing item stays.
     EXPECT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 4L, zVAR_RECCOUNT_, 0L, NULL_), BAD_REC_COUNT);
-    long rec = -9;
-    ASSERT_EQ(CDFlib(CONFIRM_, zVAR_RECNUMBER_, &rec, NULL_), CDF_OK);
-    EXPECT_EQ(rec, 4);
+    EXPECT_EQ(confirm(zVAR_RECNUMBER_), 4);
 }
 
 TEST_F(StatusCombination, InformationIsReturnedWhenNothingElseHappens) {

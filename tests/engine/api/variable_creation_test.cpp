@@ -49,30 +49,23 @@ TEST_F(VariableCreation, DefinitionsAreChecked) {
 TEST_F(VariableCreation, AnyNonZeroVarianceIsStoredAsVary) {
     create("vv");
     long dims[] = {2, 3}, varys[] = {5, 0};
-    long num = -1, rec = 0;
+    long num = -1;
     std::array<long, 2> got{};
     ASSERT_EQ(CDFlib(CREATE_, zVAR_, "v", CDF_INT4, 1L, 2L, dims, 7L, varys, &num, NULL_), CDF_OK);
-    ASSERT_EQ(CDFlib(GET_, zVAR_DIMVARYS_, got.data(), zVAR_RECVARY_, &rec, NULL_), CDF_OK);
-    EXPECT_EQ(got, (std::array<long, 2>{VARY, NOVARY}));
-    EXPECT_EQ(rec, VARY);
+    ASSERT_EQ(CDFlib(GET_, zVAR_DIMVARYS_, got.data(), NULL_), CDF_OK);
+    EXPECT_EQ(got, (std::array{VARY, NOVARY}));
+    EXPECT_EQ(get(zVAR_RECVARY_), VARY);
 }
 
 TEST_F(VariableCreation, NewVariablesHaveNoRecordsAndDefaults) {
     create("vd");
     create_zvar("v", CDF_REAL8, 1, {4});
-    long max = -9, recs = -9, alloc = -9, bf = -9, sparse = -9, type = -9, parms[1] = {-9},
-         pct = -9;
-    ASSERT_EQ(CDFlib(GET_, zVAR_MAXREC_, &max, zVAR_NUMRECS_, &recs, zVAR_NUMallocRECS_, &alloc,
-                     zVAR_BLOCKINGFACTOR_, &bf, zVAR_SPARSERECORDS_, &sparse, zVAR_COMPRESSION_,
-                     &type, parms, &pct, NULL_),
-              CDF_OK);
-    EXPECT_EQ(max, -1);
-    EXPECT_EQ(recs, 0);
-    EXPECT_EQ(alloc, 0);
-    EXPECT_EQ(bf, 0);
-    EXPECT_EQ(sparse, NO_SPARSERECORDS);
-    EXPECT_EQ(type, NO_COMPRESSION);
-    EXPECT_EQ(pct, 100);
+    EXPECT_EQ((std::array{get(zVAR_MAXREC_), get(zVAR_NUMRECS_), get(zVAR_NUMallocRECS_),
+                          get(zVAR_BLOCKINGFACTOR_), get(zVAR_SPARSERECORDS_)}),
+              (std::array{-1L, 0L, 0L, 0L, NO_SPARSERECORDS}));
+    long type = -9, parms[1] = {-9}, pct = -9;
+    ASSERT_EQ(CDFlib(GET_, zVAR_COMPRESSION_, &type, parms, &pct, NULL_), CDF_OK);
+    EXPECT_EQ((std::array{type, pct}), (std::array{NO_COMPRESSION, 100L}));
     double pad = 0;
     ASSERT_EQ(CDFlib(GET_, zVAR_PADVALUE_, &pad, NULL_), CDF_OK);
     EXPECT_EQ(pad, -1.0e30);
@@ -81,9 +74,7 @@ TEST_F(VariableCreation, NewVariablesHaveNoRecordsAndDefaults) {
 TEST_F(VariableCreation, VersionTwoFilesRefuseTheNewerTypes) {
     CDFsetFileBackward(BACKWARDFILEon);
     create("old");
-    long v = 0, r = 0, i = 0;
-    ASSERT_EQ(CDFlib(GET_, CDF_VERSION_, &v, CDF_RELEASE_, &r, CDF_INCREMENT_, &i, NULL_), CDF_OK);
-    EXPECT_EQ(v * 100 + r * 10 + i, 272);
+    EXPECT_EQ(get(CDF_VERSION_) * 100 + get(CDF_RELEASE_) * 10 + get(CDF_INCREMENT_), 272);
     for (const long type : {CDF_INT8, CDF_TIME_TT2000, CDF_EPOCH16}) {
         long num = -9;
         EXPECT_EQ(CDFlib(CREATE_, zVAR_, "n", type, 1L, 0L, nullptr, VARY, nullptr, &num, NULL_),

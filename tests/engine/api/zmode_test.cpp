@@ -2,6 +2,7 @@
 // varying dimensions, and rEntries as zEntries; zMode 1 keeps every dimension.
 #include <array>
 #include <string>
+#include <utility>
 
 #include "cdf_fixture.h"
 
@@ -64,23 +65,15 @@ class ZMode : public cdfgate::test::CdfTest {
 };
 
 TEST_F(ZMode, CountsAndNumbering) {
-    long mode = -9, nr = -9, nz = -9, rdims = -9, rmax = -9;
-    ASSERT_EQ(
-        CDFlib(CONFIRM_, CDF_zMODE_, &mode, GET_, CDF_NUMrVARS_, &nr, CDF_NUMzVARS_, &nz, NULL_),
-        CDF_OK);
-    EXPECT_EQ(mode, zMODEoff);
-    EXPECT_EQ(nr, 3);
-    EXPECT_EQ(nz, 2);
-    ASSERT_EQ(CDFlib(SELECT_, CDF_zMODE_, zMODEon2, GET_, CDF_NUMrVARS_, &nr, CDF_NUMzVARS_, &nz,
-                     rVARs_NUMDIMS_, &rdims, rVARs_MAXREC_, &rmax, NULL_),
-              CDF_OK);
-    EXPECT_EQ(nr, 0);
-    EXPECT_EQ(nz, 5);
-    EXPECT_EQ(rdims, 2);
-    EXPECT_EQ(rmax, -1);
+    EXPECT_EQ((std::array{confirm(CDF_zMODE_), get(CDF_NUMrVARS_), get(CDF_NUMzVARS_)}),
+              (std::array{zMODEoff, 3L, 2L}));
+    ASSERT_EQ(CDFlib(SELECT_, CDF_zMODE_, zMODEon2, NULL_), CDF_OK);
+    EXPECT_EQ((std::array{get(CDF_NUMrVARS_), get(CDF_NUMzVARS_), get(rVARs_NUMDIMS_),
+                          get(rVARs_MAXREC_)}),
+              (std::array{0L, 5L, 2L, -1L}));
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, 5L, NULL_), NO_SUCH_VAR);
-    EXPECT_EQ(CDFgetVarNum(id_, const_cast<char*>("rC")), 2);
-    EXPECT_EQ(CDFgetVarNum(id_, const_cast<char*>("zA")), 3);
+    EXPECT_EQ(var_num(id_, "rC"), 2);
+    EXPECT_EQ(var_num(id_, "zA"), 3);
     long num = -1;
     long two[] = {2}, vary[] = {VARY};
     ASSERT_EQ(CDFlib(CREATE_, zVAR_, "zC", CDF_INT1, 1L, 1L, two, VARY, vary, &num, NULL_), CDF_OK);
@@ -89,8 +82,8 @@ TEST_F(ZMode, CountsAndNumbering) {
               ILLEGAL_IN_zMODE);
     EXPECT_EQ(CDFlib(SELECT_, rVAR_, 0L, NULL_), ILLEGAL_IN_zMODE);
     EXPECT_EQ(CDFlib(SELECT_, CDF_zMODE_, zMODEoff, NULL_), CDF_OK);
-    EXPECT_EQ(CDFgetVarNum(id_, const_cast<char*>("rB")), 1);
-    EXPECT_EQ(CDFgetVarNum(id_, const_cast<char*>("zB")), 1);  // ambiguous in zMode 0
+    EXPECT_EQ(var_num(id_, "rB"), 1);
+    EXPECT_EQ(var_num(id_, "zB"), 1);  // ambiguous in zMode 0
 }
 
 TEST_F(ZMode, TwoHidesNonVaryingDimensionsOneKeepsThem) {
@@ -129,13 +122,11 @@ TEST_F(ZMode, REntriesAppearAsZEntries) {
     char name[CDF_ATTR_NAME_LEN256 + 1];
     long scope = 0, g = 0, r = 0, z = 0, n = -9;
     ASSERT_EQ(CDFinquireAttr(id_, 1, name, &scope, &g, &r, &z), CDF_OK);
-    EXPECT_EQ(g, -1);
-    EXPECT_EQ(r, -1);
-    EXPECT_EQ(z, 4);
-    ASSERT_EQ(CDFgetNumAttrEntries(id_, 3, 1, &n), CDF_OK);
-    EXPECT_EQ(n, 4);
-    ASSERT_EQ(CDFgetNumAttrEntries(id_, 2, 1, &n), CDF_OK);
-    EXPECT_EQ(n, 0);
+    EXPECT_EQ((std::array{g, r, z}), (std::array{-1L, -1L, 4L}));
+    for (const auto& [kind, count] : {std::pair{3L, 4L}, std::pair{2L, 0L}}) {
+        ASSERT_EQ(CDFgetNumAttrEntries(id_, kind, 1, &n), CDF_OK);
+        EXPECT_EQ(n, count) << kind;
+    }
     long type = -9, elems = -9;
     const struct {
         long entry;
@@ -149,8 +140,7 @@ TEST_F(ZMode, REntriesAppearAsZEntries) {
         type = elems = -9;
         EXPECT_EQ(CDFinquireAttrEntry(id_, 3, 1, row.entry, &type, &elems), row.status)
             << row.entry;
-        EXPECT_EQ(type, row.type) << row.entry;
-        EXPECT_EQ(elems, row.elems) << row.entry;
+        EXPECT_EQ((std::array{type, elems}), (std::array{row.type, row.elems})) << row.entry;
     }
     int value = 0;
     ASSERT_EQ(CDFgetAttrEntry(id_, 3, 1, 3, &value), CDF_OK);
@@ -165,29 +155,24 @@ TEST_F(ZMode, REntriesAppearAsZEntries) {
     ASSERT_EQ(CDFlib(SELECT_, ATTR_, 1L, rENTRY_, 1L, GET_, rENTRY_DATATYPE_, &type, rENTRY_DATA_,
                      &value, NULL_),
               CDF_OK);
-    EXPECT_EQ(type, CDF_INT4);
-    EXPECT_EQ(value, 555);
+    EXPECT_EQ((std::array{type, long{value}}), (std::array{CDF_INT4, 555L}));
 }
 
 TEST(ZModeRecords, RVariableRecordsInZModeZeroAndTwo) {
     const std::string file = std::string(CDFGATE_SHARED_DATA) + "/format/rvars_network.cdf";
     CDFid id = nullptr;
     ASSERT_EQ(CDFlib(OPEN_, CDF_, file.c_str(), &id, NULL_), CDF_OK);
-    short full[6] = {};
-    ASSERT_EQ(CDFgetVarRecordData(id, 0, 0, 1, full), CDF_OK);
+    std::array<short, 6> full{};
+    ASSERT_EQ(CDFgetVarRecordData(id, 0, 0, 1, full.data()), CDF_OK);
     // Dimension 1 does not vary: each stored value repeats along it.
-    const short expected_full[] = {1, 1, 1, 2, 2, 2};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(full[i], expected_full[i]) << i;
-    EXPECT_EQ(CDFgetVarRecordData(id, 0, 2, 0, full), NO_SUCH_VAR);
-    long mode = -9;
-    ASSERT_EQ(CDFlib(CONFIRM_, CDF_zMODE_, &mode, NULL_), CDF_OK);
-    EXPECT_EQ(mode, zMODEoff);
+    EXPECT_EQ(full, (std::array<short, 6>{1, 1, 1, 2, 2, 2}));
+    EXPECT_EQ(CDFgetVarRecordData(id, 0, 2, 0, full.data()), NO_SUCH_VAR);
+    EXPECT_EQ(cdfgate::test::CdfTest::confirm(CDF_zMODE_), zMODEoff);
 
     ASSERT_EQ(CDFlib(SELECT_, CDF_zMODE_, zMODEon2, NULL_), CDF_OK);
-    short shown[2] = {};
-    ASSERT_EQ(CDFgetVarRecordData(id, 1, 0, 0, shown), CDF_OK);
-    EXPECT_EQ(shown[0], 1);
-    EXPECT_EQ(shown[1], 2);
+    std::array<short, 2> shown{};
+    ASSERT_EQ(CDFgetVarRecordData(id, 1, 0, 0, shown.data()), CDF_OK);
+    EXPECT_EQ(shown, (std::array<short, 2>{1, 2}));
     ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
 }
 

@@ -2,6 +2,7 @@
 // made a reference sample, and compare the bytes.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "cdf.h"
@@ -23,15 +24,21 @@ class ReferenceFiles : public ScratchDir {
         return id;
     }
 
+    // Closes CDF id, whose file name.cdf must have the bytes of format/sample.
+    void close_and_compare(CDFid id, const std::string& name, const std::string& sample) {
+        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
+        expect_same(name, sample);
+    }
+
     // name.cdf of the scratch folder has the bytes of format/sample.
     void expect_same(const std::string& name, const std::string& sample) {
         const auto written = file_bytes(path(name + ".cdf"));
         const auto expected = file_bytes(shared_data("format/" + sample));
         ASSERT_FALSE(expected.empty()) << "missing sample " << sample;
         ASSERT_EQ(written.size(), expected.size()) << sample;
-        for (std::size_t i = 0; i < written.size(); ++i) {
-            ASSERT_EQ(written[i], expected[i]) << sample << " differs at offset " << i;
-        }
+        const auto diff = std::mismatch(written.begin(), written.end(), expected.begin());
+        EXPECT_EQ(diff.first, written.end())
+            << sample << " differs at offset " << (diff.first - written.begin());
     }
 };
 

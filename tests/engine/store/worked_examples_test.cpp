@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
+#include <string>
+#include <vector>
 
 #include "cdf.h"
+#include "cdf_calls.h"
 #include "reference_files.h"
 #include "test_files.h"
 
@@ -14,43 +18,41 @@ using cdfgate::test::shared_data;
 
 class WorkedExample : public cdfgate::test::ReferenceFiles {};
 
-TEST_F(WorkedExample, EmptyFile) {
-    for (const bool backward : {false, true}) {
-        const std::string name = backward ? "e27" : "e3";
-        CDFid id = create(name, backward);
-        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-        expect_same(name, backward ? "empty_v27.cdf" : "empty.cdf");
-    }
-}
-
-TEST_F(WorkedExample, GlobalAttributeWithTwoEntries) {
-    for (const bool backward : {false, true}) {
-        const std::string name = backward ? "g27" : "g3";
-        CDFid id = create(name, backward);
-        long attr = -1;
-        ASSERT_EQ(CDFlib(CREATE_, ATTR_, "Project", GLOBAL_SCOPE, &attr, NULL_), CDF_OK);
-        char text[] = "Hello CDF";
-        double reals[] = {1.5, -2.25};
-        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 9, text), CDF_OK);
-        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 1, CDF_REAL8, 2, reals), CDF_OK);
-        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-        expect_same(name, backward ? "gattr_v27.cdf" : "gattr.cdf");
-    }
-}
-
-TEST_F(WorkedExample, VariableAttributeWithOneZEntry) {
-    for (const bool backward : {false, true}) {
-        const std::string name = backward ? "v27" : "v3";
-        CDFid id = create(name, backward);
-        long var = -1, attr = -1;
-        ASSERT_EQ(
-            CDFlib(CREATE_, zVAR_, "Temp", CDF_REAL4, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
-            CDF_OK);
-        ASSERT_EQ(CDFlib(CREATE_, ATTR_, "UNITS", VARIABLE_SCOPE, &attr, NULL_), CDF_OK);
-        char text[] = "Kelvin";
-        ASSERT_EQ(CDFputAttrEntry(id, 3, attr, var, CDF_CHAR, 6, text), CDF_OK);
-        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-        expect_same(name, backward ? "vattr_v27.cdf" : "vattr.cdf");
+// Each row is made in both file versions and compared with both samples.
+TEST_F(WorkedExample, FilesOfBothVersions) {
+    const struct {
+        const char* sample;
+        const char* sample_v27;
+        std::function<void(CDFid)> make;
+    } rows[] = {
+        {"empty.cdf", "empty_v27.cdf", [](CDFid) {}},
+        {"gattr.cdf", "gattr_v27.cdf",
+         [](CDFid id) {
+             long attr = -1;
+             ASSERT_EQ(CDFlib(CREATE_, ATTR_, "Project", GLOBAL_SCOPE, &attr, NULL_), CDF_OK);
+             char text[] = "Hello CDF";
+             double reals[] = {1.5, -2.25};
+             ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 9, text), CDF_OK);
+             ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 1, CDF_REAL8, 2, reals), CDF_OK);
+         }},
+        {"vattr.cdf", "vattr_v27.cdf",
+         [](CDFid id) {
+             const long var = cdfgate::test::make_zvar("Temp", CDF_REAL4);
+             long attr = -1;
+             ASSERT_EQ(CDFlib(CREATE_, ATTR_, "UNITS", VARIABLE_SCOPE, &attr, NULL_), CDF_OK);
+             char text[] = "Kelvin";
+             ASSERT_EQ(CDFputAttrEntry(id, 3, attr, var, CDF_CHAR, 6, text), CDF_OK);
+         }},
+    };
+    for (const auto& row : rows) {
+        for (const bool backward : {false, true}) {
+            const char* sample = backward ? row.sample_v27 : row.sample;
+            SCOPED_TRACE(sample);
+            const std::string name = std::string(sample).substr(0, std::strlen(sample) - 4);
+            CDFid id = create(name, backward);
+            row.make(id);
+            close_and_compare(id, name, sample);
+        }
     }
 }
 
@@ -62,8 +64,7 @@ TEST_F(WorkedExample, GrownEntryLeavesUnusedRecord) {
     ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 3, abc), CDF_OK);
     ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 1, CDF_CHAR, 3, xyz), CDF_OK);
     ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 10, longer), CDF_OK);
-    ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-    expect_same("grown", "uir_entry_grown.cdf");
+    close_and_compare(id, "grown", "uir_entry_grown.cdf");
 }
 
 TEST_F(WorkedExample, DeletedAttributeLeavesUnusedRecords) {
@@ -75,8 +76,7 @@ TEST_F(WorkedExample, DeletedAttributeLeavesUnusedRecords) {
     ASSERT_EQ(CDFputAttrEntry(id, 1, a, 0, CDF_CHAR, 3, abc), CDF_OK);
     ASSERT_EQ(CDFputAttrEntry(id, 1, b, 0, CDF_CHAR, 3, def), CDF_OK);
     ASSERT_EQ(CDFlib(SELECT_, ATTR_, a, DELETE_, ATTR_, NULL_), CDF_OK);
-    ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-    expect_same("deleted", "uir_attr_deleted.cdf");
+    close_and_compare(id, "deleted", "uir_attr_deleted.cdf");
 }
 
 TEST_F(WorkedExample, ChecksummedFile) {
@@ -86,8 +86,7 @@ TEST_F(WorkedExample, ChecksummedFile) {
     ASSERT_EQ(CDFlib(CREATE_, ATTR_, "A", GLOBAL_SCOPE, &attr, NULL_), CDF_OK);
     char hi[] = "hi";
     ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 2, hi), CDF_OK);
-    ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-    expect_same("sum", "checksum_md5.cdf");
+    close_and_compare(id, "sum", "checksum_md5.cdf");
 }
 
 TEST_F(WorkedExample, ValuesInNetworkAndVaxEncodings) {
@@ -119,45 +118,40 @@ TEST_F(WorkedExample, ValuesInNetworkAndVaxEncodings) {
         ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 5, CDF_EPOCH, 1, &epoch), CDF_OK);
         ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 6, CDF_EPOCH16, 1, epoch16), CDF_OK);
         ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 7, CDF_TIME_TT2000, 1, &tt2000), CDF_OK);
-        long var = -1;
-        ASSERT_EQ(
-            CDFlib(CREATE_, zVAR_, "R4", CDF_REAL4, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
-            CDF_OK);
-        ASSERT_EQ(
-            CDFlib(CREATE_, zVAR_, "R8", CDF_REAL8, 1L, 0L, nullptr, VARY, nullptr, &var, NULL_),
-            CDF_OK);
-        ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
-        expect_same(name, row.sample);
+        cdfgate::test::make_zvar("R4", CDF_REAL4);
+        cdfgate::test::make_zvar("R8", CDF_REAL8);
+        close_and_compare(id, name, row.sample);
     }
 }
 
+// The attribute entries and the pads of the two variables written above.
 TEST_F(WorkedExample, ValuesReadBackFromOtherEncodings) {
     for (const char* sample :
          {"encoding_network.cdf", "encoding_vax.cdf", "encoding_alphavmsg.cdf"}) {
+        SCOPED_TRACE(sample);
         CDFid id = nullptr;
         const std::string file = shared_data(std::string("format/") + sample).string();
-        ASSERT_EQ(CDFlib(OPEN_, CDF_, file.c_str(), &id, NULL_), CDF_OK) << sample;
-        float r4[4] = {};
-        double r8[4] = {};
+        ASSERT_EQ(CDFlib(OPEN_, CDF_, file.c_str(), &id, NULL_), CDF_OK);
+        std::vector<float> r4(4);
+        std::vector<double> r8(4), epoch16(2);
         long long i8 = 0;
-        double epoch16[2] = {};
-        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 0, r4), CDF_OK);
-        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 1, r8), CDF_OK);
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 0, r4.data()), CDF_OK);
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 1, r8.data()), CDF_OK);
         ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 4, &i8), CDF_OK);
-        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 6, epoch16), CDF_OK);
-        EXPECT_EQ(r4[0], 1.0f) << sample;
-        EXPECT_EQ(r4[1], -2.5f) << sample;
-        EXPECT_EQ(r4[2], 3.0e-39f) << sample;
-        EXPECT_EQ(r4[3], 1.0e30f) << sample;
-        EXPECT_EQ(r8[1], -2.5) << sample;
-        EXPECT_EQ(r8[3], 0.1) << sample;
+        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 6, epoch16.data()), CDF_OK);
+        EXPECT_EQ(r4, (std::vector<float>{1.0f, -2.5f, 3.0e-39f, 1.0e30f}));
         // The smallest D_FLOAT magnitude stands in for 1.0e-300 in the VAX file.
-        EXPECT_EQ(r8[2],
-                  std::string(sample) == "encoding_vax.cdf" ? 2.9387358770557188e-39 : 1.0e-300)
-            << sample;
-        EXPECT_EQ(i8, 0x0102030405060708LL) << sample;
-        EXPECT_EQ(epoch16[0], 63113904000.0) << sample;
-        EXPECT_EQ(epoch16[1], 1.0) << sample;
+        const double tiny =
+            std::string(sample) == "encoding_vax.cdf" ? 2.9387358770557188e-39 : 1.0e-300;
+        EXPECT_EQ(r8, (std::vector<double>{1.0, -2.5, tiny, 0.1}));
+        EXPECT_EQ(i8, 0x0102030405060708LL);
+        EXPECT_EQ(epoch16, (std::vector<double>{63113904000.0, 1.0}));
+        float pad4 = 0;
+        double pad8 = 0;
+        ASSERT_EQ(CDFgetVarRecordData(id, 1, 0, 0, &pad4), VIRTUAL_RECORD_DATA);
+        ASSERT_EQ(CDFgetVarRecordData(id, 1, 1, 0, &pad8), VIRTUAL_RECORD_DATA);
+        EXPECT_EQ(pad4, -1.0e30f);
+        EXPECT_EQ(pad8, -1.0e30);
         ASSERT_EQ(CDFlib(SELECT_, CDF_, id, CLOSE_, CDF_, NULL_), CDF_OK);
     }
 }

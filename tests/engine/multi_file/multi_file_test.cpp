@@ -14,6 +14,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+using cdfgate::test::get_long;
 using cdfgate::test::get_records;
 using cdfgate::test::make_zvar;
 using cdfgate::test::shared_data;
@@ -44,10 +45,13 @@ TEST_F(MultiFile, SampleReadsItsVariableFiles) {
         fs::copy_file(shared_data(std::string("format/") + file), path(file));
     }
     reopen("multi_file");
+    EXPECT_EQ(get_long(CDF_FORMAT_), MULTI_FILE);
+    EXPECT_EQ(get_long(CDF_NUMzVARS_), 2);
     EXPECT_EQ(get_records<std::int32_t>(0, 0, 3, CDF_OK, 3),
               (I4{1, 2, 3, kPad4, kPad4, kPad4, 4, 5, 6}));
     EXPECT_EQ(get_records<std::int32_t>(0, 2, 2, VIRTUAL_RECORD_DATA, 3),
               (I4{4, 5, 6, kPad4, kPad4, kPad4}));
+    EXPECT_EQ(get_long(zVAR_MAXREC_), 2);
     std::int32_t one = 0;
     long index[] = {1};
     ASSERT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 2L, zVAR_DIMINDICES_, index, GET_, zVAR_DATA_, &one,
@@ -94,7 +98,7 @@ TEST_F(MultiFile, SlabsStridesAndPartialRecordsRoundTrip) {
     ASSERT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 4L, zVAR_DIMINDICES_, at, PUT_, zVAR_DATA_, &a,
                      SELECT_, zVAR_RECNUMBER_, 9L, PUT_, zVAR_DATA_, &b, NULL_),
               CDF_OK);
-    EXPECT_EQ(cdfgate::test::get_long(zVAR_MAXREC_), 9);
+    EXPECT_EQ(get_long(zVAR_MAXREC_), 9);
     ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
     EXPECT_EQ(fs::file_size(path("s.z0")), 10u * 48);
 
@@ -140,7 +144,7 @@ TEST_F(MultiFile, InitialRecordsAndNonRecordVariantValues) {
 
 TEST_F(MultiFile, SettingsAndCallsThatDifferFromSingleFileCdfs) {
     create("e2");
-    EXPECT_EQ(cdfgate::test::get_long(CDF_FORMAT_), MULTI_FILE);
+    EXPECT_EQ(get_long(CDF_FORMAT_), MULTI_FILE);
     const long v = make_zvar("v", CDF_INT4, {});
     EXPECT_TRUE(fs::exists(path("e2.z0")));  // made with the variable
     long cache = -9;

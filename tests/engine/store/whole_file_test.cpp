@@ -1,5 +1,5 @@
 // Whole-file compression: reading a compressed sample, writing a compressed CDF
-// and reading it back, and the CDF_INFO_ inquiry.
+// and reading it back, and the CDF_INFO_ inquiry. (Multi-file CDFs: multi_file.)
 #include <gtest/gtest.h>
 
 #include "cdf.h"
@@ -82,31 +82,6 @@ TEST_F(WholeFile, CompressionParametersAreChecked) {
     EXPECT_EQ(parms[0], 6);
     EXPECT_EQ(pct, 0);  // not known until the file is written
     ASSERT_EQ(CDFlib(DELETE_, CDF_, NULL_), CDF_OK);
-}
-
-TEST_F(WholeFile, MultiFileCdfsKeepVariableFilesBeside) {
-    const std::string sample = shared_data("format/multi_file.cdf").string();
-    CDFid id = nullptr;
-    ASSERT_EQ(CDFlib(OPEN_, CDF_, sample.c_str(), &id, NULL_), CDF_OK);
-    long format = 0, vars = 0, max = -9;
-    ASSERT_EQ(CDFlib(GET_, CDF_FORMAT_, &format, CDF_NUMzVARS_, &vars, NULL_), CDF_OK);
-    EXPECT_EQ(format, MULTI_FILE);
-    EXPECT_EQ(vars, 2);
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, GET_, zVAR_MAXREC_, &max, NULL_), CDF_OK);
-    EXPECT_EQ(max, 2);
-    EXPECT_EQ(CDFlib(DELETE_, zVAR_, NULL_), UNSUPPORTED_OPERATION);
-    ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-
-    const std::string name = path("m");
-    ASSERT_EQ(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), CDF_OK);
-    ASSERT_EQ(CDFlib(PUT_, CDF_FORMAT_, MULTI_FILE, NULL_), CDF_OK);
-    long num = -1;
-    ASSERT_EQ(CDFlib(CREATE_, zVAR_, "M", CDF_INT4, 1L, 0L, nullptr, VARY, nullptr, &num, NULL_),
-              CDF_OK);
-    EXPECT_TRUE(std::filesystem::exists(name + ".z0"));
-    ASSERT_EQ(CDFlib(DELETE_, CDF_, NULL_), CDF_OK);
-    EXPECT_FALSE(std::filesystem::exists(name + ".z0"));
-    EXPECT_FALSE(std::filesystem::exists(name + ".cdf"));
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ using cdfgate::test::Counts;
 using cdfgate::test::counts;
 using cdfgate::test::get_long;
 using cdfgate::test::get_records;
+using cdfgate::test::make_zvar;
 using I2 = std::vector<short>;
 using I4 = std::vector<int>;
 
@@ -33,13 +34,6 @@ class ObservedData : public cdfgate::test::ScratchDir {
         ScratchDir::TearDown();
     }
 
-    static long make(const char* name, long type, long elems, std::vector<long> dims,
-                     long rec_vary = VARY) {
-        return cdfgate::test::make_zvar(name, type, std::move(dims), rec_vary, elems);
-    }
-    static void records(long var, long first, long count, long interval = 1) {
-        ASSERT_EQ(cdfgate::test::select_records(var, first, count, interval), CDF_OK);
-    }
     static long sparse(long var, long mode) {
         return CDFlib(SELECT_, zVAR_, var, PUT_, zVAR_SPARSERECORDS_, mode, NULL_);
     }
@@ -64,11 +58,11 @@ class ObservedData : public cdfgate::test::ScratchDir {
 };
 
 TEST_F(ObservedData, HyperslabsOfATwoDimensionalVariable) {
-    const long v0 = make("v0", CDF_INT4, 1, {3, 4});
+    const long v0 = make_zvar("v0", CDF_INT4, {3, 4});
     long zeros[] = {0, 0}, full[] = {3, 4}, ones[] = {1, 1};
     int values[12];
     for (int i = 0; i < 12; ++i) values[i] = 100 + i;
-    records(v0, 0, 1);  // SS35
+    ASSERT_EQ(cdfgate::test::select_records(v0, 0, 1), CDF_OK);  // SS35
     ASSERT_EQ(CDFlib(SELECT_, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, full, zVAR_DIMINTERVALS_,
                      ones, PUT_, zVAR_HYPERDATA_, values, NULL_),
               CDF_OK);
@@ -76,10 +70,7 @@ TEST_F(ObservedData, HyperslabsOfATwoDimensionalVariable) {
     ASSERT_EQ(CDFlib(CONFIRM_, zVAR_RECNUMBER_, &rec, CONFIRM_, zVAR_RECCOUNT_, &count, CONFIRM_,
                      zVAR_DIMCOUNTS_, sel, NULL_),
               CDF_OK);
-    EXPECT_EQ(rec, 0);
-    EXPECT_EQ(count, 1);
-    EXPECT_EQ(sel[0], 3);
-    EXPECT_EQ(sel[1], 4);
+    EXPECT_EQ((std::vector<long>{rec, count, sel[0], sel[1]}), (std::vector<long>{0, 1, 3, 4}));
 
     int one = 0;  // SS37
     long at[] = {1, 2};
@@ -120,13 +111,13 @@ TEST_F(ObservedData, ZeroDimensionalVariableTakesNullArrays) {
 }
 
 TEST_F(ObservedData, PadValuesOfRecordsNeverWritten) {
-    const long i1 = make("i1", CDF_INT1, 1, {});  // PV19 to PV22
+    const long i1 = make_zvar("i1", CDF_INT1);  // PV19 to PV22
     expect_value<signed char>(i1, 0, VIRTUAL_RECORD_DATA, -127);
     signed char five = 5;
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, i1, PUT_, zVAR_PADVALUE_, &five, NULL_), CDF_OK);
     expect_value<signed char>(i1, 7, VIRTUAL_RECORD_DATA, 5);
 
-    const long c3 = make("c3", CDF_CHAR, 3, {});  // PV23, PV24
+    const long c3 = make_zvar("c3", CDF_CHAR, {}, VARY, 3);  // PV23, PV24
     char xyz[] = "xyz";
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, c3, PUT_, zVAR_PADVALUE_, xyz, NULL_), CDF_OK);
     char text[4] = "###";
@@ -136,7 +127,7 @@ TEST_F(ObservedData, PadValuesOfRecordsNeverWritten) {
 }
 
 TEST_F(ObservedData, GapsAreWrittenWithThePadOfTheirTime) {
-    const long v = make("v", CDF_INT4, 1, {});  // PV25 to PV32
+    const long v = make_zvar("v", CDF_INT4);  // PV25 to PV32
     ASSERT_EQ(put_value(v, 0, 10), CDF_OK);
     ASSERT_EQ(put_value(v, 3, 13), CDF_OK);
     EXPECT_EQ(counts(), (Counts{3, 4, 2048, 2047}));
@@ -155,7 +146,7 @@ TEST_F(ObservedData, GapsAreWrittenWithThePadOfTheirTime) {
 }
 
 TEST_F(ObservedData, SparseRecordsReadAsPadOrTheRecordBefore) {
-    const long pad = make("pad", CDF_INT4, 1, {});  // PV34 to PV39, PV42 to PV48
+    const long pad = make_zvar("pad", CDF_INT4);  // PV34 to PV39, PV42 to PV48
     ASSERT_EQ(sparse(pad, PAD_SPARSERECORDS), CDF_OK);
     ASSERT_EQ(put_value(pad, 0, 20), CDF_OK);
     ASSERT_EQ(put_value(pad, 3, 23), CDF_OK);
@@ -166,7 +157,7 @@ TEST_F(ObservedData, SparseRecordsReadAsPadOrTheRecordBefore) {
     EXPECT_EQ(get_records<int>(pad, 0, 5, VIRTUAL_RECORD_DATA), (I4{20, kPad4, kPad4, 23, kPad4}));
     EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, NO_SPARSERECORDS, NULL_), CANNOT_SPARSERECORDS);
 
-    const long prev = make("prev", CDF_INT4, 1, {});
+    const long prev = make_zvar("prev", CDF_INT4);
     ASSERT_EQ(sparse(prev, PREV_SPARSERECORDS), CDF_OK);
     ASSERT_EQ(put_value(prev, 5, 35), CDF_OK);
     ASSERT_EQ(put_value(prev, 2, 32), CDF_OK);  // below the last record: a slot between
@@ -180,7 +171,7 @@ TEST_F(ObservedData, SparseRecordsReadAsPadOrTheRecordBefore) {
     EXPECT_EQ(get_long(zVAR_MAXREC_), 5);
     EXPECT_EQ(get_long(zVAR_NUMRECS_), 2);
     // A partial write of a new sparse record leaves the pad elsewhere in it.
-    const long box = make("box", CDF_INT2, 1, {3});
+    const long box = make_zvar("box", CDF_INT2, {3});
     ASSERT_EQ(sparse(box, PAD_SPARSERECORDS), CDF_OK);
     ASSERT_EQ(put_value(box, 4, short{1}), CDF_OK);
     long at[] = {1};
@@ -194,7 +185,7 @@ TEST_F(ObservedData, SparseRecordsReadAsPadOrTheRecordBefore) {
 }
 
 TEST_F(ObservedData, NonRecordVariantVariableLivesInRecordZero) {
-    const long v = make("nrv", CDF_INT2, 1, {}, NOVARY);  // PV49 to PV60
+    const long v = make_zvar("nrv", CDF_INT2, {}, NOVARY);  // PV49 to PV60
     short s = 0;
     EXPECT_EQ(CDFgetVarRecordData(id_, 1, v, 3, &s), VIRTUAL_RECORD_DATA);
     EXPECT_EQ(s, kPad2);
@@ -228,7 +219,7 @@ TEST_F(ObservedData, AllocationInBlocksOfEightKilobytes) {
     };
     for (const auto& c : cases) {  // RA01, RA02, RA05 to RA10
         SCOPED_TRACE(c.name);
-        const long v = make(c.name, c.type, c.elems, c.dims);
+        const long v = make_zvar(c.name, c.type, c.dims, VARY, c.elems);
         EXPECT_EQ(counts().num_alloc, 0);
         ASSERT_EQ(put_value(v, 0, 0.0), CDF_OK);  // 8 bytes fill the smallest record
         EXPECT_EQ(counts(), (Counts{0, 1, c.allocated, c.allocated - 1}));
@@ -236,17 +227,17 @@ TEST_F(ObservedData, AllocationInBlocksOfEightKilobytes) {
 }
 
 TEST_F(ObservedData, BlockingFactorAppliesToLaterAllocations) {
-    const long v = make("bf", CDF_INT4, 1, {});  // RA11 to RA14
+    const long v = make_zvar("bf", CDF_INT4);  // RA11 to RA14
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, PUT_, zVAR_BLOCKINGFACTOR_, 10L, NULL_), CDF_OK);
     ASSERT_EQ(put_value(v, 0, 1), CDF_OK);
     EXPECT_EQ(counts().num_alloc, 10);
     ASSERT_EQ(CDFlib(PUT_, zVAR_BLOCKINGFACTOR_, 20L, NULL_), CDF_OK);
     ASSERT_EQ(put_value(v, 10, 2), CDF_OK);
     EXPECT_EQ(counts(), (Counts{10, 11, 30, 29}));
-    const long late = make("late", CDF_INT4, 1, {});
+    const long late = make_zvar("late", CDF_INT4);
     ASSERT_EQ(put_value(late, 3, 1), CDF_OK);
     EXPECT_EQ(counts(), (Counts{3, 4, 2048, 2047}));
-    const long nrv = make("nrv", CDF_INT4, 1, {}, NOVARY);  // RA16, RA17
+    const long nrv = make_zvar("nrv", CDF_INT4, {}, NOVARY);  // RA16, RA17
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, nrv, PUT_, zVAR_BLOCKINGFACTOR_, 10L, NULL_),
               FORCED_PARAMETER);
     ASSERT_EQ(put_value(nrv, 0, 1), CDF_OK);
@@ -254,7 +245,7 @@ TEST_F(ObservedData, BlockingFactorAppliesToLaterAllocations) {
 }
 
 TEST_F(ObservedData, ExplicitAllocationAndInitialRecords) {
-    const long v = make("a", CDF_INT4, 1, {});  // RA19 to RA24
+    const long v = make_zvar("a", CDF_INT4);  // RA19 to RA24
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, PUT_, zVAR_ALLOCATEBLOCK_, 0L, 9L, NULL_), CDF_OK);
     EXPECT_EQ(counts(), (Counts{-1, 0, 10, 9}));
     EXPECT_EQ(CDFlib(PUT_, zVAR_ALLOCATEBLOCK_, 20L, 29L, NULL_), PRECEEDING_RECORDS_ALLOCATED);
@@ -265,11 +256,11 @@ TEST_F(ObservedData, ExplicitAllocationAndInitialRecords) {
     EXPECT_EQ(counts(), (Counts{-1, 0, 30, 29}));
     expect_value(v, 3, VIRTUAL_RECORD_DATA, kPad4);
 
-    const long r = make("r", CDF_INT4, 1, {});
+    const long r = make_zvar("r", CDF_INT4);
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, r, PUT_, zVAR_ALLOCATERECS_, 8L, NULL_), CDF_OK);
     EXPECT_EQ(counts(), (Counts{-1, 0, 8, 7}));
 
-    const long i = make("i", CDF_INT2, 1, {});  // RA25 to RA28
+    const long i = make_zvar("i", CDF_INT2);  // RA25 to RA28
     short minus_five = -5;
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, i, PUT_, zVAR_PADVALUE_, &minus_five, NULL_), CDF_OK);
     ASSERT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 4L, NULL_), CDF_OK);
@@ -277,7 +268,7 @@ TEST_F(ObservedData, ExplicitAllocationAndInitialRecords) {
     EXPECT_EQ(get_long(zVAR_NUMRECS_), 4);
     expect_value<short>(i, 2, CDF_OK, -5);
     EXPECT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 6L, NULL_), CANNOT_CHANGE);
-    make("j", CDF_INT2, 1, {});
+    make_zvar("j", CDF_INT2);
     EXPECT_EQ(CDFlib(PUT_, zVAR_INITIALRECS_, 0L, NULL_), BAD_INITIAL_RECS);
 }
 
@@ -290,7 +281,7 @@ TEST_F(ObservedData, ValuesFollowTheMajorityOfTheFile) {
             ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("c").c_str()), &id), CDF_OK);
             ASSERT_EQ(CDFlib(PUT_, CDF_MAJORITY_, COLUMN_MAJOR, NULL_), CDF_OK);
         }
-        const long v = make("v", CDF_INT2, 1, {2, 3});
+        const long v = make_zvar("v", CDF_INT2, {2, 3});
         short six[] = {1, 2, 3, 4, 5, 6};
         ASSERT_EQ(CDFputVarRecordData(id, 1, v, 0, six), CDF_OK);
         short one = 0;
@@ -317,7 +308,7 @@ TEST_F(ObservedData, ValuesFollowTheMajorityOfTheFile) {
 }
 
 TEST_F(ObservedData, StridedRecordWritesPadTheRecordsBetween) {
-    const long v = make("v", CDF_INT4, 1, {});  // DA08
+    const long v = make_zvar("v", CDF_INT4);  // DA08
     ASSERT_EQ(cdfgate::test::put_records(v, 1, I4{10, 11, 12}, 2), CDF_OK);
     EXPECT_EQ(get_long(zVAR_MAXREC_), 5);
     EXPECT_EQ(get_long(zVAR_NUMRECS_), 6);
@@ -329,7 +320,7 @@ TEST_F(ObservedData, StridedRecordWritesPadTheRecordsBetween) {
 }
 
 TEST_F(ObservedData, CharactersBlankFromTheFirstZeroByteAndKeepHighBytes) {
-    const long v = make("c", CDF_CHAR, 4, {});  // DA10, DA11
+    const long v = make_zvar("c", CDF_CHAR, {}, VARY, 4);  // DA10, DA11
     char in[] = {'a', 0, 'b', 'c'};
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, v, zVAR_RECNUMBER_, 0L, PUT_, zVAR_DATA_, in, NULL_), CDF_OK);
     char out[5] = {'#', '#', '#', '#', '#'};
@@ -343,7 +334,7 @@ TEST_F(ObservedData, CharactersBlankFromTheFirstZeroByteAndKeepHighBytes) {
 }
 
 TEST_F(ObservedData, NegativeZeroAndGapRecordsOfEpoch16) {
-    const long r8 = make("r8", CDF_REAL8, 1, {});  // DA12, DA13
+    const long r8 = make_zvar("r8", CDF_REAL8);  // DA12, DA13
     // With the negative-to-positive zero mode on (record 1), -0.0 is stored as +0.0.
     for (const long record : {0L, 1L}) {
         if (record == 1) {
@@ -355,7 +346,7 @@ TEST_F(ObservedData, NegativeZeroAndGapRecordsOfEpoch16) {
         EXPECT_EQ(std::signbit(d), record == 0);
     }
     ASSERT_EQ(CDFlib(SELECT_, CDF_NEGtoPOSfp0_MODE_, NEGtoPOSfp0off, NULL_), CDF_OK);
-    const long e16 = make("e16", CDF_EPOCH16, 1, {});
+    const long e16 = make_zvar("e16", CDF_EPOCH16);
     double pair[] = {6.3e10, 5.0};
     ASSERT_EQ(CDFputVarRecordData(id_, 1, e16, 2, pair), CDF_OK);
     EXPECT_EQ(get_records<double>(e16, 0, 3, CDF_OK, 2),
@@ -363,7 +354,7 @@ TEST_F(ObservedData, NegativeZeroAndGapRecordsOfEpoch16) {
 }
 
 TEST_F(ObservedData, PartlyWrittenRecordHoldsPadElsewhere) {
-    const long v = make("v", CDF_INT2, 1, {2, 3});  // DA14 to DA18
+    const long v = make_zvar("v", CDF_INT2, {2, 3});  // DA14 to DA18
     short box[9] = {};
     long zeros[] = {0, 0}, c33[] = {3, 3};
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, v, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, c33, GET_,
@@ -378,15 +369,16 @@ TEST_F(ObservedData, PartlyWrittenRecordHoldsPadElsewhere) {
     I2 record(6);
     ASSERT_EQ(CDFgetVarRecordData(id_, 1, v, 3, record.data()), CDF_OK);
     EXPECT_EQ(record, (I2{kPad2, kPad2, kPad2, kPad2, kPad2, 77}));
-    const long w = make("w", CDF_INT4, 1, {});
+    const long w = make_zvar("w", CDF_INT4);
     ASSERT_EQ(put_value(w, 5, 1), CDF_OK);
     EXPECT_EQ(get_long(zVARs_MAXREC_), 5);
 }
 
 TEST_F(ObservedData, BufferTooLargeToAddressIsRefused) {
-    const long v = make("v", CDF_REAL8, 1, {1000});
+    const long v = make_zvar("v", CDF_REAL8, {1000});
     double x = 7;
-    records(v, 0, 0x7FFFFFFFFFFFFFFFL / 4);  // 8000-byte records: past 2^63 bytes
+    // 8000-byte records: past 2^63 bytes.
+    ASSERT_EQ(cdfgate::test::select_records(v, 0, 0x7FFFFFFFFFFFFFFFL / 4), CDF_OK);
     EXPECT_EQ(CDFlib(GET_, zVAR_HYPERDATA_, &x, NULL_), BAD_REC_COUNT);
     EXPECT_EQ(CDFlib(PUT_, zVAR_HYPERDATA_, &x, NULL_), BAD_REC_COUNT);
     EXPECT_EQ(x, 7);
@@ -394,7 +386,7 @@ TEST_F(ObservedData, BufferTooLargeToAddressIsRefused) {
 }
 
 TEST_F(ObservedData, RecordFunctionsCheckVariableAndRecord) {
-    const long v = make("v", CDF_INT2, 1, {2, 3});  // DA19 to DA28
+    const long v = make_zvar("v", CDF_INT2, {2, 3});  // DA19 to DA28
     short six[] = {1, 2, 3, 4, 5, 6}, buf[6] = {};
     ASSERT_EQ(CDFputVarRecordData(id_, 1, v, 0, six), CDF_OK);
     EXPECT_EQ(CDFgetVarRecordData(id_, 1, 9, 0, buf), NO_SUCH_VAR);

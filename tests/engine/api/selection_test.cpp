@@ -8,6 +8,9 @@
 
 namespace {
 
+constexpr std::array kNoneSelected{NO_VAR_SELECTED, NO_ATTR_SELECTED, NO_ENTRY_SELECTED,
+                                   NO_ENTRY_SELECTED};
+
 struct VarState {
     long rec = -9, count = -9, interval = -9;
     std::array<long, 2> indices{-9, -9}, counts{-9, -9}, intervals{-9, -9};
@@ -29,20 +32,26 @@ VarState state() {
     return s;
 }
 
+// The statuses of confirming the variable, attribute, gEntry and zEntry selections; a
+// refused confirmation writes nothing.
+std::array<CDFstatus, 4> selections() {
+    long n = -9;
+    const std::array status{CDFlib(CONFIRM_, zVAR_, &n, NULL_), CDFlib(CONFIRM_, ATTR_, &n, NULL_),
+                            CDFlib(CONFIRM_, gENTRY_, &n, NULL_),
+                            CDFlib(CONFIRM_, zENTRY_, &n, NULL_)};
+    EXPECT_TRUE(status != kNoneSelected || n == -9) << n;
+    return status;
+}
+
 class Selection : public cdfgate::test::CdfTest {};
 
 TEST_F(Selection, NothingIsSelectedInANewCdf) {
     create("s");
-    long n = -9;
     char buf[CDF_VAR_NAME_LEN256 + 1];
-    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
+    EXPECT_EQ(selections(), kNoneSelected);
     EXPECT_EQ(CDFlib(GET_, zVAR_NAME_, buf, NULL_), NO_VAR_SELECTED);
     EXPECT_EQ(CDFlib(SELECT_, zVAR_RECNUMBER_, 3L, NULL_), NO_VAR_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, ATTR_, &n, NULL_), NO_ATTR_SELECTED);
     EXPECT_EQ(CDFlib(GET_, ATTR_NAME_, buf, NULL_), NO_ATTR_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, gENTRY_, &n, NULL_), NO_ENTRY_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, zENTRY_, &n, NULL_), NO_ENTRY_SELECTED);
-    EXPECT_EQ(n, -9);
 }
 
 TEST_F(Selection, RecordAndDimensionSelectionsAreKeptPerVariable) {
@@ -101,9 +110,7 @@ TEST_F(Selection, SelectionsBelongToTheirCdf) {
     create_attr("g", GLOBAL_SCOPE);
     ASSERT_EQ(CDFlib(SELECT_, gENTRY_, 4L, zENTRY_, 6L, NULL_), CDF_OK);
     create("b");
-    long n = -9;
-    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, gENTRY_, &n, NULL_), NO_ENTRY_SELECTED);
+    EXPECT_EQ(selections(), kNoneSelected);
     ASSERT_EQ(CDFlib(SELECT_, CDF_, a, NULL_), CDF_OK);
     EXPECT_EQ((std::array{confirm(zVAR_), confirm(ATTR_), confirm(gENTRY_), confirm(zENTRY_)}),
               (std::array{0L, 0L, 4L, 6L}));
@@ -118,11 +125,7 @@ TEST_F(Selection, SelectingAZModeClearsSelections) {
     create_attr("g", GLOBAL_SCOPE);
     ASSERT_EQ(CDFlib(SELECT_, gENTRY_, 4L, zENTRY_, 6L, NULL_), CDF_OK);
     ASSERT_EQ(CDFlib(SELECT_, CDF_zMODE_, zMODEoff, NULL_), CDF_OK);  // even the same mode
-    long n = -9;
-    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, ATTR_, &n, NULL_), NO_ATTR_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, gENTRY_, &n, NULL_), NO_ENTRY_SELECTED);
-    EXPECT_EQ(CDFlib(CONFIRM_, zENTRY_, &n, NULL_), NO_ENTRY_SELECTED);
+    EXPECT_EQ(selections(), kNoneSelected);
     EXPECT_EQ(CDFlib(SELECT_, CDF_zMODE_, 3L, NULL_), BAD_zMODE);
 }
 
@@ -167,8 +170,7 @@ TEST_F(Selection, OpeningStartsWithNothingSelected) {
     ASSERT_EQ(CDFlib(CONFIRM_, CDF_, &cur, NULL_), CDF_OK);
     EXPECT_EQ(cur, nullptr);
     ASSERT_EQ(open("o", id), CDF_OK);
-    long n = -9;
-    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_, &n, NULL_), NO_VAR_SELECTED);
+    EXPECT_EQ(selections(), kNoneSelected);
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
     EXPECT_EQ(state(), (VarState{0, 1, 1, {0, 0}, {3, 4}, {1, 1}}));
 }

@@ -158,7 +158,8 @@ TEST_F(Settings, VariableSettingsBeforeAnyRecord) {
     EXPECT_EQ(get(zVAR_BLOCKINGFACTOR_), 1);
 }
 
-TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
+// The element size of each type is the length of its pad.
+TEST_F(Settings, PadValuesAreStoredForEveryNewVariableAndGiveTheElementSize) {
     create("p");
     // PV01 to PV15: the default pad of each type, in host (little-endian) byte order.
     const struct {
@@ -178,7 +179,9 @@ TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
                 {CDF_TIME_TT2000, {0x01, 0, 0, 0, 0, 0, 0, 0x80}},
                 {CDF_BYTE, {0x81}},
                 {CDF_FLOAT, {0xca, 0xf2, 0x49, 0xf1}},
-                {CDF_DOUBLE, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}}};
+                {CDF_DOUBLE, {0xea, 0x8c, 0xa0, 0x39, 0x59, 0x3e, 0x29, 0xc6}},
+                {CDF_CHAR, {' '}},
+                {CDF_UCHAR, {' '}}};
     for (const auto& row : rows) {
         create_zvar(("v" + std::to_string(row.type)).c_str(), row.type, 1);
         std::vector<unsigned char> pad(row.bytes.size() + 1, 0x99);
@@ -195,6 +198,18 @@ TEST_F(Settings, PadValuesAreStoredForEveryNewVariable) {
     char set[] = {'a', 0, 'b', 'c'};
     ASSERT_EQ(CDFlib(PUT_, zVAR_PADVALUE_, set, GET_, zVAR_PADVALUE_, pad, NULL_), CDF_OK);
     EXPECT_STREQ(pad, "a   ");
+
+    ASSERT_EQ(CDFlib(SELECT_, CDF_, static_cast<CDFid>(nullptr), NULL_), CDF_OK);  // needs no CDF
+    for (const auto& row : rows) {
+        long size = -1;
+        EXPECT_EQ(CDFlib(GET_, DATATYPE_SIZE_, row.type, &size, NULL_), CDF_OK) << row.type;
+        EXPECT_EQ(size, static_cast<long>(row.bytes.size())) << row.type;
+    }
+    for (const long unknown : {0L, 3L, 42L, -1L}) {
+        long size = -1;
+        EXPECT_EQ(CDFlib(GET_, DATATYPE_SIZE_, unknown, &size, NULL_), BAD_DATA_TYPE) << unknown;
+        EXPECT_EQ(size, -1);
+    }
 }
 
 TEST_F(Settings, NegativeZeroIsKeptUnlessTheModeIsOn) {

@@ -10,8 +10,8 @@
 
 namespace {
 
-using cdfgate::test::daysInMonth;
 using cdfgate::test::epoch16Parts;
+using cdfgate::test::randomCalendar;
 
 // The seconds keep their fraction through the split, whose chained divisions can round
 // a time just before midnight up to the next day's date (the hour, minute and second
@@ -26,14 +26,7 @@ TEST(Epoch16Breakdown, FractionJustBeforeMidnightTakesTheNextDaysDate) {
 TEST(Epoch16RoundTrip, RandomPicosecondsOfYears0To9999) {
     std::mt19937_64 random(77);
     for (int i = 0; i < 200000; ++i) {
-        const long year = std::uniform_int_distribution<long>(0, 9999)(random);
-        const long month = std::uniform_int_distribution<long>(1, 12)(random);
-        const long day = std::uniform_int_distribution<long>(1, daysInMonth(year, month))(random);
-        std::array<long, 10> parts{year, month, day};
-        for (std::size_t f = 3; f < parts.size(); ++f) {
-            parts[f] =
-                std::uniform_int_distribution<long>(0, f < 6 ? (f == 3 ? 23 : 59) : 999)(random);
-        }
+        const auto parts = randomCalendar(random, 0, 9999);
         if (parts == std::array<long, 10>{9999, 12, 31, 23, 59, 59, 999, 999, 999, 999}) continue;
         std::array<double, 2> pair{};
         ASSERT_EQ(computeEPOCH16(parts[0], parts[1], parts[2], parts[3], parts[4], parts[5],

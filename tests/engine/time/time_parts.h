@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
+#include <random>
 
 #include "cdf.h"
+#include "time_vectors.h"
 
 namespace cdfgate::test {
 
@@ -34,6 +36,17 @@ inline std::array<long, 10> epoch16Parts(std::array<double, 2>& pair) {
 }
 inline std::array<long, 10> epoch16Parts(std::array<double, 2>&& pair) {
     return epoch16Parts(pair);
+}
+
+// A random valid calendar time to the picosecond, its year in [first, last].
+inline std::array<long, 10> randomCalendar(std::mt19937_64& random, long first, long last) {
+    const auto pick = [&](long low, long high) {
+        return std::uniform_int_distribution<long>(low, high)(random);
+    };
+    std::array<long, 10> p{pick(first, last), pick(1, 12)};
+    p[2] = pick(1, daysInMonth(p[0], p[1]));
+    for (std::size_t f = 3; f < p.size(); ++f) p[f] = pick(0, f < 6 ? (f == 3 ? 23 : 59) : 999);
+    return p;
 }
 
 }  // namespace cdfgate::test

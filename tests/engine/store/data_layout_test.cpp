@@ -39,7 +39,7 @@ I4 int4_record(long r, bool column_major) {
 std::string lettered(char letter, long count) {
     std::string all;
     for (long r = 0; r < count; ++r) {
-        char text[8];
+        char text[24];
         std::snprintf(text, sizeof text, "%c%03ld", letter, r);
         all += text;
     }

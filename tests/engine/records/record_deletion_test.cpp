@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "../store/cdf_calls.h"
 #include "../store/test_files.h"
 
 namespace {

@@ -9,8 +9,6 @@
 #include <vector>
 
 #include "cdf.h"
-#include "cdf_calls.h"
-#include "reference_files.h"
 #include "test_files.h"
 
 namespace {

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "cdf_calls.h"
 #include "test_files.h"
 
 namespace {

@@ -8,8 +8,6 @@
 #include <vector>
 
 #include "cdf.h"
-#include "cdf_calls.h"
-#include "reference_files.h"
 #include "test_files.h"
 
 namespace {

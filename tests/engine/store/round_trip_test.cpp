@@ -26,39 +26,22 @@ constexpr TypeCase kTypes[] = {
 
 // The bytes of value number i of a type: values every encoding holds exactly.
 void value_bytes(long type, std::size_t size, long i, std::uint8_t* out) {
-    switch (type) {
-        case CDF_REAL4:
-        case CDF_FLOAT: {
-            const float f = static_cast<float>(i) * 0.5f - 3.0f;
-            std::memcpy(out, &f, 4);
-            return;
-        }
-        case CDF_REAL8:
-        case CDF_DOUBLE:
-        case CDF_EPOCH: {
-            const double d = static_cast<double>(i) * 1024.25 - 7.0;
-            std::memcpy(out, &d, 8);
-            return;
-        }
-        case CDF_EPOCH16: {
-            const double d[2] = {63113904000.0 + static_cast<double>(i),
-                                 0.5 * static_cast<double>(i)};
-            std::memcpy(out, d, 16);
-            return;
-        }
-        case CDF_CHAR:
-        case CDF_UCHAR:
-            out[0] = static_cast<std::uint8_t>('A' + i % 26);
-            return;
-        default: {
-            // Integers: a pattern that fills every byte of the width.
-            const std::uint64_t v = 0x0102030405060708ULL * static_cast<std::uint64_t>(i + 1);
-            std::uint8_t bytes[8];
-            std::memcpy(bytes, &v, 8);
-            std::memcpy(out, bytes, size);
-            return;
-        }
+    const double x = static_cast<double>(i);
+    const float f = static_cast<float>(x * 0.5 - 3.0);
+    const double d[2] = {type == CDF_EPOCH16 ? 63113904000.0 + x : x * 1024.25 - 7.0, 0.5 * x};
+    const auto c = static_cast<std::uint8_t>('A' + i % 26);
+    // Integers: a pattern that fills every byte of the width.
+    const std::uint64_t n = 0x0102030405060708ULL * static_cast<std::uint64_t>(i + 1);
+    const void* from = &n;
+    if (type == CDF_REAL4 || type == CDF_FLOAT) {
+        from = &f;
+    } else if (type == CDF_REAL8 || type == CDF_DOUBLE || type == CDF_EPOCH ||
+               type == CDF_EPOCH16) {
+        from = d;
+    } else if (type == CDF_CHAR || type == CDF_UCHAR) {
+        from = &c;
     }
+    std::memcpy(out, from, size);
 }
 
 class RoundTrip : public cdfgate::test::ScratchDir {

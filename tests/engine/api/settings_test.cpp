@@ -92,10 +92,13 @@ TEST_F(Settings, AnEntryFixesTheEncodingButNotTheMajority) {
     EXPECT_EQ(CDFlib(PUT_, CDF_FORMAT_, MULTI_FILE, NULL_), CDF_OK);
 }
 
-TEST_F(Settings, ReadOnlyModeRefusesChanges) {
+TEST_F(Settings, ReadOnlyModeRefusesChangesButStaysOffOnAChangedCdf) {
     CDFid id = create("ro");
+    // A CDF created in this session stays writable.
+    ASSERT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, READONLYon, NULL_), CDF_OK);
+    EXPECT_EQ(confirm(CDF_READONLY_MODE_), READONLYoff);
+    EXPECT_EQ(create_attr("a", GLOBAL_SCOPE), 0);
     create_zvar("v", CDF_INT4, 1);
-    create_attr("a", GLOBAL_SCOPE);
     ASSERT_EQ(close(id), CDF_OK);
     ASSERT_EQ(open("ro", id), CDF_OK);
     EXPECT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, 1L, NULL_), BAD_READONLY_MODE);
@@ -122,13 +125,6 @@ TEST_F(Settings, ReadOnlyModeRefusesChanges) {
     EXPECT_EQ(num, -9);
     ASSERT_EQ(CDFlib(SELECT_, zVAR_, 0L, NULL_), CDF_OK);
     EXPECT_EQ(get(zVAR_DATATYPE_), CDF_INT4);
-}
-
-TEST_F(Settings, ReadOnlyModeStaysOffOnAChangedCdf) {
-    create("n");
-    ASSERT_EQ(CDFlib(SELECT_, CDF_READONLY_MODE_, READONLYon, NULL_), CDF_OK);
-    EXPECT_EQ(confirm(CDF_READONLY_MODE_), READONLYoff);
-    EXPECT_EQ(create_attr("still", GLOBAL_SCOPE), 0);
 }
 
 TEST_F(Settings, VariableSettingsBeforeAnyRecord) {

@@ -128,7 +128,7 @@ TEST_F(MultiFile, SlabsStridesAndPartialRecordsRoundTrip) {
 
 TEST_F(MultiFile, InitialRecordsAndNonRecordVariantValues) {
     create("i");
-    const long v = make_zvar("v", CDF_INT4, {});
+    const long v = make_zvar("v", CDF_INT4);
     const std::int32_t pad = 9;
     ASSERT_EQ(CDFlib(PUT_, zVAR_PADVALUE_, &pad, PUT_, zVAR_INITIALRECS_, 4L, NULL_), CDF_OK);
     EXPECT_EQ(get_records<std::int32_t>(v, 0, 5, VIRTUAL_RECORD_DATA), (I4{9, 9, 9, 9, 9}));
@@ -144,17 +144,13 @@ TEST_F(MultiFile, InitialRecordsAndNonRecordVariantValues) {
 TEST_F(MultiFile, SettingsAndCallsThatDifferFromSingleFileCdfs) {
     create("e2");
     EXPECT_EQ(get_long(CDF_FORMAT_), MULTI_FILE);
-    const long v = make_zvar("v", CDF_INT4, {});
+    const long v = make_zvar("v", CDF_INT4);
     EXPECT_TRUE(fs::exists(path("e2.z0")));  // made with the variable
-    long cache = -9;
-    EXPECT_EQ(CDFlib(CONFIRM_, zVAR_CACHESIZE_, &cache, NULL_), CDF_OK);
-    EXPECT_EQ(cache, 1);
-    EXPECT_EQ(CDFlib(SELECT_, zVAR_CACHESIZE_, 6L, CONFIRM_, zVAR_CACHESIZE_, &cache, NULL_),
-              CDF_OK);
-    EXPECT_EQ(cache, 6);
-    EXPECT_EQ(CDFlib(SELECT_, zVARs_CACHESIZE_, 3L, CONFIRM_, zVAR_CACHESIZE_, &cache, NULL_),
-              CDF_OK);
-    EXPECT_EQ(cache, 3);
+    EXPECT_EQ(get_long(zVAR_CACHESIZE_, CONFIRM_), 1);
+    EXPECT_EQ(CDFlib(SELECT_, zVAR_CACHESIZE_, 6L, NULL_), CDF_OK);
+    EXPECT_EQ(get_long(zVAR_CACHESIZE_, CONFIRM_), 6);
+    EXPECT_EQ(CDFlib(SELECT_, zVARs_CACHESIZE_, 3L, NULL_), CDF_OK);
+    EXPECT_EQ(get_long(zVAR_CACHESIZE_, CONFIRM_), 3);
     EXPECT_EQ(CDFlib(SELECT_, zVAR_CACHESIZE_, 0L, NULL_), CDF_OK);
     EXPECT_EQ(CDFlib(SELECT_, zVAR_CACHESIZE_, -1L, NULL_), BAD_CACHE_SIZE);
 
@@ -169,7 +165,7 @@ TEST_F(MultiFile, SettingsAndCallsThatDifferFromSingleFileCdfs) {
     EXPECT_EQ(CDFlib(PUT_, CDF_FORMAT_, SINGLE_FILE, NULL_), CANNOT_CHANGE);
     EXPECT_EQ(CDFlib(PUT_, CDF_CHECKSUM_, MD5_CHECKSUM, NULL_), CANNOT_CHANGE);
     EXPECT_EQ(CDFlib(PUT_, CDF_COMPRESSION_, GZIP_COMPRESSION, parms, NULL_), CANNOT_COMPRESS);
-    const long w = make_zvar("w", CDF_INT4, {});
+    const long w = make_zvar("w", CDF_INT4);
     EXPECT_EQ(CDFlib(SELECT_, zVAR_, w, PUT_, zVAR_COMPRESSION_, GZIP_COMPRESSION, parms, NULL_),
               CANNOT_COMPRESS);
     EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, PAD_SPARSERECORDS, NULL_), CANNOT_SPARSERECORDS);
@@ -178,9 +174,7 @@ TEST_F(MultiFile, SettingsAndCallsThatDifferFromSingleFileCdfs) {
 
     reopen("e2");
     ASSERT_EQ(CDFlib(DELETE_, CDF_, NULL_), CDF_OK);
-    EXPECT_FALSE(fs::exists(path("e2.cdf")));
-    EXPECT_FALSE(fs::exists(path("e2.z0")));
-    EXPECT_FALSE(fs::exists(path("e2.z1")));
+    for (const char* file : {"e2.cdf", "e2.z0", "e2.z1"}) EXPECT_FALSE(fs::exists(path(file)));
 }
 
 }  // namespace

@@ -107,9 +107,10 @@ inline Counts counts() {
     return c;
 }
 
-inline long get_long(long item) {
+// One long read by GET_ (or CONFIRM_) on the current selections.
+inline long get_long(long item, long op = GET_) {
     long v = -9;
-    EXPECT_EQ(CDFlib(GET_, item, &v, NULL_), CDF_OK);
+    EXPECT_EQ(CDFlib(op, item, &v, NULL_), CDF_OK) << "item " << item;
     return v;
 }
 

@@ -1,5 +1,5 @@
-// Whole-file compression: reading a compressed sample, writing a compressed CDF
-// and reading it back, and the CDF_INFO_ inquiry. (Multi-file CDFs: multi_file.)
+// Whole-file compression: reading a compressed sample, the CDF_INFO_ inquiry and
+// the parameters refused. (Writing compressed files: the compression suite.)
 #include <gtest/gtest.h>
 
 #include "cdf.h"
@@ -30,32 +30,6 @@ TEST_F(WholeFile, CompressedSampleOpensWithItsCompression) {
     EXPECT_EQ(type, GZIP_COMPRESSION);
     EXPECT_EQ(stored, 408);
     EXPECT_EQ(expanded, 9096);
-}
-
-TEST_F(WholeFile, CompressedCdfIsWrittenAndReadBack) {
-    for (const long type :
-         {RLE_COMPRESSION, HUFF_COMPRESSION, AHUFF_COMPRESSION, GZIP_COMPRESSION}) {
-        const std::string name = path("c" + std::to_string(type));
-        CDFid id = nullptr;
-        ASSERT_EQ(CDFcreateCDF(const_cast<char*>(name.c_str()), &id), CDF_OK);
-        long parms[] = {type == GZIP_COMPRESSION ? 6L : 0L};
-        ASSERT_EQ(CDFlib(PUT_, CDF_COMPRESSION_, type, parms, NULL_), CDF_OK);
-        long attr = -1;
-        ASSERT_EQ(CDFlib(CREATE_, ATTR_, "note", GLOBAL_SCOPE, &attr, NULL_), CDF_OK);
-        char text[] = "compressed as a whole";
-        ASSERT_EQ(CDFputAttrEntry(id, 1, attr, 0, CDF_CHAR, 21, text), CDF_OK);
-        ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-
-        ASSERT_EQ(CDFlib(OPEN_, CDF_, name.c_str(), &id, NULL_), CDF_OK) << type;
-        long got_type = -9, got_parms[CDF_MAX_PARMS] = {-9}, pct = -9;
-        ASSERT_EQ(CDFlib(GET_, CDF_COMPRESSION_, &got_type, got_parms, &pct, NULL_), CDF_OK);
-        EXPECT_EQ(got_type, type);
-        EXPECT_EQ(got_parms[0], parms[0]);
-        char back[22] = {};
-        ASSERT_EQ(CDFgetAttrEntry(id, 1, 0, 0, back), CDF_OK);
-        EXPECT_STREQ(back, "compressed as a whole");
-        ASSERT_EQ(CDFlib(CLOSE_, CDF_, NULL_), CDF_OK);
-    }
 }
 
 TEST_F(WholeFile, CompressionParametersAreChecked) {

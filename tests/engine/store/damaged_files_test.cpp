@@ -93,7 +93,7 @@ TEST_P(DamagedFiles, TruncationsAtRecordBoundariesGiveStatuses) {
     }
 }
 
-TEST_P(DamagedFiles, FlippedHeaderBytesGiveStatuses) {
+TEST_P(DamagedFiles, FlippedRecordSizesGiveStatuses) {
     const auto original = file_bytes(shared_data(GetParam()));
     const auto offsets = record_offsets(original);
     ASSERT_GE(offsets.size(), 2u);
@@ -102,17 +102,11 @@ TEST_P(DamagedFiles, FlippedHeaderBytesGiveStatuses) {
     for (const std::size_t at : offsets) {
         if (at + width > original.size()) continue;
         // A record whose size is wrong breaks the tiling that validation walks.
+        // (Flips of the other header bytes, which may or may not matter: the corpus suite.)
         auto bytes = original;
         bytes[at + width - 4] ^= 0x40;
         write_bytes(path("f.cdf"), bytes);
         EXPECT_LT(exercise(path("f.cdf")), CDF_WARN) << GetParam() << " size of record at " << at;
-        // Other header bytes (type, first link) may or may not matter; none may crash.
-        for (std::size_t i = width; i < width + 4 + width && at + i < original.size(); ++i) {
-            bytes = original;
-            bytes[at + i] ^= 0x81;
-            write_bytes(path("f.cdf"), bytes);
-            exercise(path("f.cdf"));
-        }
     }
 }
 

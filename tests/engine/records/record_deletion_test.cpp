@@ -19,17 +19,8 @@ using Values = std::vector<std::int32_t>;
 
 constexpr std::int32_t kPad = -2147483647;
 
-class RecordDeletion : public cdfgate::test::ScratchDir {
+class RecordDeletion : public cdfgate::test::ScratchCdf {
   protected:
-    void SetUp() override {
-        ScratchDir::SetUp();
-        ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("d").c_str()), &id_), CDF_OK);
-    }
-    void TearDown() override {
-        if (id_ != nullptr) CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_);
-        ScratchDir::TearDown();
-    }
-
     static long make(const char* name, long sparse = NO_SPARSERECORDS) {
         const long num = cdfgate::test::make_zvar(name, CDF_INT4);
         EXPECT_EQ(CDFlib(PUT_, zVAR_SPARSERECORDS_, sparse, NULL_), CDF_OK);
@@ -41,11 +32,6 @@ class RecordDeletion : public cdfgate::test::ScratchDir {
     static Values get(long var, long first, long count, CDFstatus expected) {
         return cdfgate::test::get_records<std::int32_t>(var, first, count, expected);
     }
-    // Closes and reopens the CDF, selecting variable var again.
-    void reopen(long var) {
-        ASSERT_EQ(CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_), CDF_OK);
-        ASSERT_EQ(CDFlib(OPEN_, CDF_, path("d").c_str(), &id_, SELECT_, zVAR_, var, NULL_), CDF_OK);
-    }
     static Values iota(long first, long count) {
         Values v(static_cast<std::size_t>(count));
         std::iota(v.begin(), v.end(), static_cast<std::int32_t>(first));
@@ -54,8 +40,6 @@ class RecordDeletion : public cdfgate::test::ScratchDir {
     static CDFstatus drop(long first, long last) {
         return CDFlib(DELETE_, zVAR_RECORDS_, first, last, NULL_);
     }
-
-    CDFid id_ = nullptr;
 };
 
 TEST_F(RecordDeletion, NonSparseRecordsMoveDown) {

@@ -22,17 +22,8 @@ using I4 = std::vector<int>;
 constexpr int kPad4 = -2147483647;
 constexpr short kPad2 = -32767;
 
-class ObservedData : public cdfgate::test::ScratchDir {
+class ObservedData : public cdfgate::test::ScratchCdf {
   protected:
-    void SetUp() override {
-        ScratchDir::SetUp();
-        ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("d").c_str()), &id_), CDF_OK);
-    }
-    void TearDown() override {
-        if (id_ != nullptr) CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_);
-        ScratchDir::TearDown();
-    }
-
     static long sparse(long var, long mode) {
         return CDFlib(SELECT_, zVAR_, var, PUT_, zVAR_SPARSERECORDS_, mode, NULL_);
     }
@@ -52,8 +43,6 @@ class ObservedData : public cdfgate::test::ScratchDir {
             << "record " << record;
         EXPECT_EQ(got, want) << "record " << record;
     }
-
-    CDFid id_ = nullptr;
 };
 
 TEST_F(ObservedData, HyperslabsOfATwoDimensionalVariable) {

@@ -50,6 +50,26 @@ class ScratchDir : public ::testing::Test {
     std::filesystem::path dir_;
 };
 
+// A scratch directory holding CDF "d", created and current; closed at the end.
+class ScratchCdf : public ScratchDir {
+  protected:
+    void SetUp() override {
+        ScratchDir::SetUp();
+        ASSERT_EQ(CDFcreateCDF(const_cast<char*>(path("d").c_str()), &id_), CDF_OK);
+    }
+    void TearDown() override {
+        if (id_ != nullptr) CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_);
+        ScratchDir::TearDown();
+    }
+    // Closes and reopens the CDF, selecting zVariable var again.
+    void reopen(long var) {
+        ASSERT_EQ(CDFlib(SELECT_, CDF_, id_, CLOSE_, CDF_, NULL_), CDF_OK);
+        ASSERT_EQ(CDFlib(OPEN_, CDF_, path("d").c_str(), &id_, SELECT_, zVAR_, var, NULL_), CDF_OK);
+    }
+
+    CDFid id_ = nullptr;
+};
+
 // A zVariable of the current CDF, varying in every dimension; its number.
 inline long make_zvar(const char* name, long type, std::vector<long> dims = {},
                       long rec_vary = VARY, long elems = 1) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <iterator>
@@ -29,21 +30,18 @@ std::vector<std::uint8_t> from_hex(const std::string& hex) {
     return out;
 }
 
-double as_double(const std::vector<std::uint8_t>& b, std::size_t at = 0) {
-    double d;
-    std::memcpy(&d, b.data() + at, 8);
-    return d;
-}
-
 std::uint32_t float_bits(float f) {
-    std::uint32_t u;
-    std::memcpy(&u, &f, 4);
-    return u;
+    return std::bit_cast<std::uint32_t>(f);
+}
+std::uint64_t double_bits(double d) {
+    return std::bit_cast<std::uint64_t>(d);
 }
 
-std::uint64_t double_bits(double d) {
-    std::uint64_t u;
-    std::memcpy(&u, &d, 8);
+// The bits of element i of a converted array of 4- or 8-byte values.
+template <typename Bits>
+Bits bits_at(const std::vector<std::uint8_t>& bytes, std::size_t i) {
+    Bits u;
+    std::memcpy(&u, bytes.data() + sizeof(Bits) * i, sizeof(Bits));
     return u;
 }
 
@@ -89,9 +87,8 @@ TEST(VaxFloat, StoredSamplesReadBackExactlyAsArrays) {
     auto f = joined(kF);
     vax_f_to_ieee(f.data(), std::size(kF));
     for (std::size_t i = 0; i < std::size(kF); ++i) {
-        float got;
-        std::memcpy(&got, f.data() + 4 * i, 4);
-        EXPECT_EQ(float_bits(got), float_bits(static_cast<float>(kF[i].value))) << kF[i].hex;
+        EXPECT_EQ(bits_at<std::uint32_t>(f, i), float_bits(static_cast<float>(kF[i].value)))
+            << kF[i].hex;
     }
     const struct {
         const Stored* rows;
@@ -103,7 +100,7 @@ TEST(VaxFloat, StoredSamplesReadBackExactlyAsArrays) {
     for (auto d : doubles) {
         d.convert(d.bytes.data(), d.n);
         for (std::size_t i = 0; i < d.n; ++i) {
-            EXPECT_EQ(double_bits(as_double(d.bytes, 8 * i)), double_bits(d.rows[i].value))
+            EXPECT_EQ(bits_at<std::uint64_t>(d.bytes, i), double_bits(d.rows[i].value))
                 << d.rows[i].hex;
         }
     }

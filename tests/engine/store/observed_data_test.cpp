@@ -47,13 +47,16 @@ class ObservedData : public cdfgate::test::ScratchCdf {
 
 TEST_F(ObservedData, HyperslabsOfATwoDimensionalVariable) {
     const long v0 = make_zvar("v0", CDF_INT4, {3, 4});
-    long zeros[] = {0, 0}, full[] = {3, 4}, ones[] = {1, 1};
-    int values[12];
+    // Selects a box of dimension indices, counts and intervals and moves it.
+    const auto box = [](long op, std::vector<long> at, std::vector<long> n, std::vector<long> every,
+                        int* values) {
+        return CDFlib(SELECT_, zVAR_DIMINDICES_, at.data(), zVAR_DIMCOUNTS_, n.data(),
+                      zVAR_DIMINTERVALS_, every.data(), op, zVAR_HYPERDATA_, values, NULL_);
+    };
+    I4 values(12);
     for (int i = 0; i < 12; ++i) values[i] = 100 + i;
     ASSERT_EQ(cdfgate::test::select_records(v0, 0, 1), CDF_OK);  // SS35
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, full, zVAR_DIMINTERVALS_,
-                     ones, PUT_, zVAR_HYPERDATA_, values, NULL_),
-              CDF_OK);
+    ASSERT_EQ(box(PUT_, {0, 0}, {3, 4}, {1, 1}, values.data()), CDF_OK);
     long rec = -9, count = -9, sel[2] = {-9, -9};  // SS36: selections unchanged
     ASSERT_EQ(CDFlib(CONFIRM_, zVAR_RECNUMBER_, &rec, CONFIRM_, zVAR_RECCOUNT_, &count, CONFIRM_,
                      zVAR_DIMCOUNTS_, sel, NULL_),
@@ -65,20 +68,12 @@ TEST_F(ObservedData, HyperslabsOfATwoDimensionalVariable) {
     ASSERT_EQ(CDFlib(SELECT_, zVAR_DIMINDICES_, at, GET_, zVAR_DATA_, &one, NULL_), CDF_OK);
     EXPECT_EQ(one, 106);
 
-    int box[4] = {-1, -1, -1, -1};  // SS39: box runs past dimension 0
-    long from20[] = {2, 0}, c24[] = {2, 4};
-    EXPECT_EQ(CDFlib(SELECT_, zVAR_DIMINDICES_, from20, zVAR_DIMCOUNTS_, c24, GET_, zVAR_HYPERDATA_,
-                     box, NULL_),
-              BAD_DIM_INDEX);
-    EXPECT_EQ(box[0], -1);
-
-    long c22[] = {2, 2}, i23[] = {2, 3}, i24[] = {2, 4};  // SS40, SS41
-    ASSERT_EQ(CDFlib(SELECT_, zVAR_DIMINDICES_, zeros, zVAR_DIMCOUNTS_, c22, zVAR_DIMINTERVALS_,
-                     i23, GET_, zVAR_HYPERDATA_, box, NULL_),
-              CDF_OK);
-    EXPECT_EQ(std::vector<int>(box, box + 4), (std::vector<int>{100, 103, 108, 111}));
-    EXPECT_EQ(CDFlib(SELECT_, zVAR_DIMINTERVALS_, i24, GET_, zVAR_HYPERDATA_, box, NULL_),
-              BAD_DIM_INDEX);
+    I4 got(4, -1);  // SS39: box runs past dimension 0
+    EXPECT_EQ(box(GET_, {2, 0}, {2, 4}, {1, 1}, got.data()), BAD_DIM_INDEX);
+    EXPECT_EQ(got[0], -1);
+    ASSERT_EQ(box(GET_, {0, 0}, {2, 2}, {2, 3}, got.data()), CDF_OK);  // SS40, SS41
+    EXPECT_EQ(got, (I4{100, 103, 108, 111}));
+    EXPECT_EQ(box(GET_, {0, 0}, {2, 2}, {2, 4}, got.data()), BAD_DIM_INDEX);
     long intervals[2] = {};  // SS42: selections of a failing call stay
     ASSERT_EQ(CDFlib(CONFIRM_, zVAR_DIMINTERVALS_, intervals, NULL_), CDF_OK);
     EXPECT_EQ(intervals[1], 4);

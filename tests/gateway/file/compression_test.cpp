@@ -131,13 +131,9 @@ TEST(Compression, VariableGzipLevelIsJudgedByTheLibrary) {
     const long var = createVariable(file.cdf(), "v", CDF_REAL8);
     for (const double level : {0.0, 10.0}) {
         SCOPED_TRACE(level);
-        expectHostError(
-            [&] {
-                call("setVarCompression",
-                     {file.id(), number(var), number(GZIP_COMPRESSION), number(level)}, 0);
-            },
-            cdflibId("libraryFailure"),
-            {std::string("CDFsetzVarCompression"), statusText(BAD_COMPRESSION_PARM)});
+        expectLibraryFailure("setVarCompression",
+                             {file.id(), number(var), number(GZIP_COMPRESSION), number(level)}, 0,
+                             "CDFsetzVarCompression", BAD_COMPRESSION_PARM);
     }
     file.close();
 }

@@ -54,11 +54,7 @@ TEST(FileSettings, ValuesTheLibraryRefusesSurfaceAsLibraryFailures) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.setter);
-        expectHostError(
-            [&] {
-                call(c.setter, {file.id(), number(c.value)}, 0);
-            },
-            cdflibId("libraryFailure"), {std::string(c.functionName), statusText(c.status)});
+        expectLibraryFailure(c.setter, {file.id(), number(c.value)}, 0, c.functionName, c.status);
     }
     file.close();
 }
@@ -72,11 +68,8 @@ TEST(FileSettings, ReadOnlyModeIsSelectedAndConfirmed) {
     ASSERT_EQ(CDFlib(SELECT_, CDF_, file.cdf(), CONFIRM_, CDF_READONLY_MODE_, &mode, NULL_),
               CDF_OK);
     EXPECT_EQ(mode, READONLYon);
-    expectHostError(
-        [&] {
-            call("renameVar", {file.id(), number(0), Array::text("W")}, 0);
-        },
-        cdflibId("libraryFailure"), {std::string("CDFrenamezVar"), statusText(READ_ONLY_MODE)});
+    expectLibraryFailure("renameVar", {file.id(), number(0), Array::text("W")}, 0, "CDFrenamezVar",
+                         READ_ONLY_MODE);
     call("setReadOnlyMode", {file.id(), number(READONLYoff)}, 0);
     EXPECT_EQ(call1("getReadOnlyMode", {file.id()}).text(), "READONLYoff");
     file.close();

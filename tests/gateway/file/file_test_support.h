@@ -82,6 +82,13 @@ inline std::string statusText(CDFstatus status) {
     return std::string(text.data());
 }
 
+// The command must fail as "libraryFailure" naming this function and status.
+inline void expectLibraryFailure(const std::string& command, std::vector<embedded::Array> arguments,
+                                 int results, const char* function, CDFstatus status) {
+    expectHostError([&] { embedded::call(command, arguments, results); },
+                    cdflibId("libraryFailure"), {std::string(function), statusText(status)});
+}
+
 inline embedded::Array number(double value) {
     return embedded::Array::scalar(value);
 }

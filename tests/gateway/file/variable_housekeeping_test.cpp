@@ -1,5 +1,7 @@
 // Variable housekeeping on real files: names, record counts, allocation, blocking,
 // reserve percentage, sparseness, deletion and the multi-file cache size.
+#include <tuple>
+
 #include "file_test_support.h"
 
 namespace cdfgate::testing {
@@ -21,18 +23,12 @@ TEST(VariableHousekeeping, NamesAreReadChangedAndLookedUp) {
     EXPECT_EQ(call1("getVarName", {file.id(), number(0)}).text(), "Renamed");
     EXPECT_EQ(call1("getVarNum", {file.id(), Array::text("Renamed")}), number(0));
     // An unknown name is reported under the close's function name.
-    expectHostError(
-        [&] {
-            call("getVarNum", {file.id(), Array::text("Var")});
-        },
-        cdflibId("libraryFailure"), {std::string("CDFclosezVar"), statusText(NO_SUCH_VAR)});
+    expectLibraryFailure("getVarNum", {file.id(), Array::text("Var")}, 1, "CDFclosezVar",
+                         NO_SUCH_VAR);
     // A negative warning fails the command although the library did the work.
     const std::string longName(CDF_VAR_NAME_LEN256 + 4, 'L');
-    expectHostError(
-        [&] {
-            call("renameVar", {file.id(), number(0), Array::text(longName)}, 0);
-        },
-        cdflibId("libraryFailure"), {std::string("CDFrenamezVar"), statusText(VAR_NAME_TRUNC)});
+    expectLibraryFailure("renameVar", {file.id(), number(0), Array::text(longName)}, 0,
+                         "CDFrenamezVar", VAR_NAME_TRUNC);
     EXPECT_EQ(call1("getVarName", {file.id(), number(0)}).text(),
               longName.substr(0, CDF_VAR_NAME_LEN256));
     file.close();
@@ -90,7 +86,7 @@ TEST(VariableHousekeeping, SettersChangeWhatTheGettersReport) {
     file.close();
 }
 
-TEST(VariableHousekeeping, AllocatingABlockOfRecords) {
+TEST(VariableHousekeeping, AllocatingABlockAndWritingInitialRecords) {
     const ScratchDirectory scratch;
     const GatewayFile file = GatewayFile::create(scratch.file("allocation"));
     const long var = createVariable(file.cdf(), "allocated", CDF_REAL8);
@@ -100,16 +96,10 @@ TEST(VariableHousekeeping, AllocatingABlockOfRecords) {
     EXPECT_GE(count("getVarAllocRecords", file, var), 20);
     EXPECT_GE(count("getVarMaxAllocRecNum", file, var), 19);
     EXPECT_EQ(count("getVarNumRecsWritten", file, var), 0);
-    file.close();
-}
-
-TEST(VariableHousekeeping, InitialRecordsAreWritten) {
-    const ScratchDirectory scratch;
-    const GatewayFile file = GatewayFile::create(scratch.file("initial"));
-    const long var = createVariable(file.cdf(), "initial", CDF_REAL8);
-    call("setVarInitialRecs", {file.id(), number(var), number(10)}, 0);
-    EXPECT_EQ(count("getVarMaxWrittenRecNum", file, var), 9);
-    EXPECT_EQ(count("getVarNumRecsWritten", file, var), 10);
+    const long initial = createVariable(file.cdf(), "initial", CDF_REAL8);
+    call("setVarInitialRecs", {file.id(), number(initial), number(10)}, 0);
+    EXPECT_EQ(count("getVarMaxWrittenRecNum", file, initial), 9);
+    EXPECT_EQ(count("getVarNumRecsWritten", file, initial), 10);
     file.close();
 }
 
@@ -123,46 +113,28 @@ TEST(VariableHousekeeping, DeletingAndClosingVariables) {
     // Later variables are numbered down.
     EXPECT_EQ(call1("getVarName", {file.id(), number(0)}).text(), "P");
     call("closeVar", {file.id(), number(0)}, 0);
-    expectHostError(
-        [&] {
-            call("deleteVar", {file.id(), number(2)}, 0);
-        },
-        cdflibId("libraryFailure"), {std::string("CDFdeletezVar"), statusText(NO_SUCH_VAR)});
+    expectLibraryFailure("deleteVar", {file.id(), number(2)}, 0, "CDFdeletezVar", NO_SUCH_VAR);
     file.close();
 }
 
-TEST(VariableHousekeeping, VariableCacheSizeIsRefusedOnSingleFileCdfs) {
+TEST(VariableHousekeeping, VariableCacheSizeIsTheMultiFileLibrarysCount) {
     const GatewayFile single = GatewayFile::open(sharedData("format/zvar_int4_row.cdf"));
-    expectHostError(
-        [&] {
-            call("getVarCacheSize", {single.id(), number(0)});
-        },
-        cdflibId("varCacheSizeOpInappropriate"));
-    expectHostError(
-        [&] {
-            call("setVarCacheSize", {single.id(), number(0), number(4)}, 0);
-        },
-        cdflibId("varCacheSizeOpInappropriate"));
+    for (const auto& [command, rest, results] :
+         {std::tuple{"getVarCacheSize", std::vector<Array>{number(0)}, 1},
+          std::tuple{"setVarCacheSize", std::vector<Array>{number(0), number(4)}, 0}}) {
+        SCOPED_TRACE(command);
+        std::vector<Array> arguments{single.id()};
+        arguments.insert(arguments.end(), rest.begin(), rest.end());
+        expectHostError([&] { call(command, arguments, results); },
+                        cdflibId("varCacheSizeOpInappropriate"));
+    }
     single.close();
-}
-
-GatewayFile openMultiFileCopy(const ScratchDirectory& scratch) {
-    return GatewayFile::open(copyShared(
-        scratch, {"format/multi_file.cdf", "format/multi_file.z0", "format/multi_file.z1"}));
-}
-
-TEST(VariableHousekeeping, VariableCacheSizeOfAMultiFileCdfIsTheLibrarysCount) {
     const ScratchDirectory scratch;
-    const GatewayFile multi = openMultiFileCopy(scratch);
+    const GatewayFile multi = GatewayFile::open(copyShared(
+        scratch, {"format/multi_file.cdf", "format/multi_file.z0", "format/multi_file.z1"}));
     EXPECT_EQ(call1("getFormat", {multi.id()}).text(), "MULTI_FILE");
     EXPECT_EQ(count("getVarCacheSize", multi, 1),
               variableItem(multi.cdf(), 1, CONFIRM_, zVAR_CACHESIZE_));
-    multi.close();
-}
-
-TEST(VariableHousekeeping, VariableCacheSizeOfAMultiFileCdfCanBeChanged) {
-    const ScratchDirectory scratch;
-    const GatewayFile multi = openMultiFileCopy(scratch);
     call("setVarCacheSize", {multi.id(), number(1), number(6)}, 0);
     EXPECT_EQ(count("getVarCacheSize", multi, 1), 6);
     multi.close();

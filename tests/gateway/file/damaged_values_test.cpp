@@ -21,11 +21,12 @@ void patchField(const std::string& path, std::streamoff offset, std::uint32_t va
     ASSERT_TRUE(stream.good());
 }
 
-// The CPR of the first variable of every var_* compression sample, and the offsets of
-// its type and first parameter.
-// Opens with file validation off, so that the value reaches the gateway rather than
-// being refused when the file is opened.
-GatewayFile openUnvalidated(const std::string& path) {
+// Opens a scratch copy of `sample` with the field at `offset` changed, with file
+// validation off so that the value reaches the gateway rather than being refused on open.
+GatewayFile openPatched(const ScratchDirectory& scratch, const char* sample, std::streamoff offset,
+                        std::uint32_t value) {
+    const std::string path = copyShared(scratch, {sample});
+    patchField(path, offset, value);
     struct ValidationOff {
         int previous = CDFgetValidate();
         ValidationOff() { CDFsetValidate(VALIDATEFILEoff); }
@@ -34,6 +35,8 @@ GatewayFile openUnvalidated(const std::string& path) {
     return GatewayFile::open(path);
 }
 
+// The CPR of the first variable of every var_* compression sample, and the offsets of
+// its type and first parameter.
 constexpr std::streamoff kFirstCpr = 0x8b2;
 constexpr std::streamoff kCprType = 12;
 constexpr std::streamoff kCprFirstParameter = 24;
@@ -51,9 +54,7 @@ TEST(DamagedValues, UnexpectedVariableParameterIsShownAsANumberWithAWarning) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.file);
         const ScratchDirectory scratch;
-        const std::string path = copyShared(scratch, {c.file});
-        patchField(path, kFirstCpr + kCprFirstParameter, 5);
-        const GatewayFile file = openUnvalidated(path);
+        const GatewayFile file = openPatched(scratch, c.file, kFirstCpr + kCprFirstParameter, 5);
         embedded::clearWarnings();
         const std::vector<Array> results = call("getVarCompression", {file.id(), number(0)}, 3);
         ASSERT_EQ(results.size(), 3u);
@@ -84,9 +85,7 @@ TEST(DamagedValues, ValuesWithoutANameAreRefusedWithTheGettersLabel) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.command);
         const ScratchDirectory scratch;
-        const std::string path = copyShared(scratch, {c.file});
-        patchField(path, c.offset, c.value);
-        const GatewayFile file = openUnvalidated(path);
+        const GatewayFile file = openPatched(scratch, c.file, c.offset, c.value);
         expectHostError(
             [&] {
                 call(c.command, {file.id(), number(0)}, 3);

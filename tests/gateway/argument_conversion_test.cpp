@@ -16,30 +16,23 @@ using gateway::getInt64Scalar;
 using gateway::getInt64Vector;
 using gateway::getStringArg;
 
-struct TruncationCase {
-    const char* label;
-    double input;
-    long expected;
-};
-
-class IntegerTruncation : public ::testing::TestWithParam<TruncationCase> {};
-
-TEST_P(IntegerTruncation, TruncatesTowardZero) {
-    const Array value = Array::scalar(GetParam().input);
-    EXPECT_EQ(getInt64Scalar(value.get(), "RECNUM"), GetParam().expected);
+TEST(IntegerTruncation, TruncatesTowardZero) {
+    const struct {
+        const char* label;
+        double input;
+        long expected;
+    } cases[] = {
+        {"positive fraction", 3.7, 3},
+        {"small negative fraction", -0.2, 0},
+        {"negative fraction", -2.9, -2},
+        {"large integral", 4503599627370497.0, 4503599627370497},
+        {"largest below 2^63", 9223372036854774784.0, 9223372036854774784},
+        {"NaN is the integer indefinite", std::nan(""), std::numeric_limits<long>::min()},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(getInt64Scalar(Array::scalar(c.input).get(), "RECNUM"), c.expected) << c.label;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Values, IntegerTruncation,
-    ::testing::Values(TruncationCase{"positive_fraction", 3.7, 3},
-                      TruncationCase{"small_negative_fraction", -0.2, 0},
-                      TruncationCase{"negative_fraction", -2.9, -2},
-                      TruncationCase{"large_integral", 4503599627370497.0, 4503599627370497},
-                      TruncationCase{"largest_below_two_to_63", 9223372036854774784.0,
-                                     9223372036854774784},
-                      TruncationCase{"nan_is_integer_indefinite", std::nan(""),
-                                     std::numeric_limits<long>::min()}),
-    [](const auto& info) { return std::string(info.param.label); });
 
 TEST(IntegerRange, ValuesAtOrBeyondTwoTo63Overflow) {
     const double infinity = std::numeric_limits<double>::infinity();

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "constants/constant_table.h"
 #include "gateway_test_support.h"
@@ -26,26 +27,17 @@ TEST(GetConstantNames, ListsSixtyOneNamesInByteOrder) {
     EXPECT_LT(position("NOVARY"), position("NO_CHECKSUM"));
 }
 
-struct ConstantCase {
-    const char* name;
-    double value;
-};
-
-class GetConstantValue : public ::testing::TestWithParam<ConstantCase> {};
-
-TEST_P(GetConstantValue, IsCaseInsensitiveAndDouble) {
-    const std::vector<Array> result = call("getConstantValue", {Array::text(GetParam().name)});
-    ASSERT_EQ(result[0].classId(), hvDOUBLE_CLASS);
-    EXPECT_EQ(result[0].scalarValue(), GetParam().value);
+TEST(GetConstantValue, IsCaseInsensitiveAndDouble) {
+    for (const auto& [name, value] :
+         {std::pair{"cdf_int4", 4.0}, std::pair{"Cdf_Int4", 4.0}, std::pair{"CDF_INT4", 4.0},
+          std::pair{"gzip_compression", 5.0}, std::pair{"readonlyon", -1.0},
+          std::pair{"READONLYon", -1.0}, std::pair{"VALIDATEFILEON", -1.0},
+          std::pair{"cdf_time_tt2000", 33.0}, std::pair{"ARM_BIG_ENCODING", 18.0}}) {
+        const std::vector<Array> result = call("getConstantValue", {Array::text(name)});
+        ASSERT_EQ(result[0].classId(), hvDOUBLE_CLASS) << name;
+        EXPECT_EQ(result[0].scalarValue(), value) << name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, GetConstantValue,
-    ::testing::Values(ConstantCase{"cdf_int4", 4}, ConstantCase{"Cdf_Int4", 4},
-                      ConstantCase{"CDF_INT4", 4}, ConstantCase{"gzip_compression", 5},
-                      ConstantCase{"readonlyon", -1}, ConstantCase{"READONLYon", -1},
-                      ConstantCase{"VALIDATEFILEON", -1}, ConstantCase{"cdf_time_tt2000", 33},
-                      ConstantCase{"ARM_BIG_ENCODING", 18}));
 
 TEST(GetConstantValue, UnknownNamesReportTheUpperCasedName) {
     for (const char* name : {"CDF_INT16", "cdf_int16", "Cdf_Int16"}) {
